@@ -85,7 +85,7 @@ RegisteredTest::RegisteredTest(const char *file, Factory factory)
     registeredTests().append(this);
 }
 
-int main(int argc, char **argv)
+int runRegisteredTests(int argc, char **argv)
 {
     const QTemporaryDir folder;
     isolate(folder.path());

@@ -16,6 +16,10 @@ struct RegisteredTest
     Factory make; ///< Builds the test object; the runner owns and deletes it.
 };
 
+/// Runs the registered classes, or the one whose name stands first in the arguments; further arguments go to
+/// QtTest. Everything happens in a home folder of the run's own. Returns the process's exit code.
+int runRegisteredTests(int argc, char **argv);
+
 /// Puts a QtTest class into the runner. Stands once at the end of its tst_<name>.cpp.
 #define REGISTER_TEST(TestClass)                                                                                       \
     static const RegisteredTest registered##TestClass(__FILE__, []() -> QObject * { return new TestClass; });
