@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/brackettool.h"
+
+#include "tools/cursorpicture.h"
+#include "tools/penstyles.h"
+
+BracketTool::BracketTool(int style)
+    : StraightLineTool(style, {10.0, "BracketTool pressed", "Bracket tool released"}, true)
+{
+}
+
+QCursor BracketTool::makeCursor()
+{
+    const QPoint hotSpot(6, 6);
+    CursorPicture picture(20, 20);
+    picture.drawCenteredCross(hotSpot, pen().color());
+    picture.painter().setPen(QColor(20, 20, 20, 255));
+    picture.painter().drawLine(10, 10, 13, 10);
+    picture.painter().drawLine(13, 10, 13, 18);
+    picture.painter().drawLine(10, 18, 13, 18);
+    return picture.toCursor(hotSpot);
+}
+
+Qt::PenStyle BracketTool::penStyle(const QString &name, Qt::PenStyle current) const
+{
+    return PenStyles::fromHyphenatedName(name, current);
+}
+
+Annotation *BracketTool::createAnnotation() const
+{
+    return nullptr;
+}

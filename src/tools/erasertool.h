@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tools/tool.h"
+
+/// Removes marks by a click. The scene's own selection decides which: whatever is selected at the release goes.
+class EraserTool : public Tool
+{
+public:
+    EraserTool();
+
+    QCursor makeCursor() override;
+    void updateSettings() override;
+    void mousePressed(QGraphicsSceneMouseEvent *event, Page *page) override;
+    void mouseMoved(QGraphicsSceneMouseEvent *event, Page *page) override;
+    void mouseReleased(QGraphicsSceneMouseEvent *event, Page *page) override;
+
+private:
+    Page *m_page = nullptr; ///< Page of the running gesture.
+};

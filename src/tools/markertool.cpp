@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/markertool.h"
+
+#include "tools/cursorpicture.h"
+#include "tools/toolsettings.h"
+
+#include <QSettings>
+
+#include <algorithm>
+
+MarkerTool::MarkerTool(const QColor &color, bool followsSettings)
+    : StrokeTool({60.0, 2, "Marker tool pressed", "Marker tool released"}, followsSettings)
+{
+    setPen(QPen(color));
+    applyLook(17, 120);
+}
+
+void MarkerTool::updateSettings()
+{
+    if (!followsSettings())
+        return;
+    const QSettings settings;
+    applyLook(ToolSettings::lineWidth(settings, QStringLiteral("MarkerTool/LineWidth"), 14),
+              ToolSettings::alpha(settings, QStringLiteral("MarkerTool/Transparency"), 60));
+    setAntialiasing(settings.value(QStringLiteral("MarkerTool/Antialiasing"), true).toBool());
+    setSmoothing(settings.value(QStringLiteral("MarkerTool/Smoothing"), false).toBool());
+}
+
+QCursor MarkerTool::makeCursor()
+{
+    // A cursor can be neither without height nor taller than window systems take.
+    constexpr int tallest = 128;
+    const int height = std::clamp(pen().width(), 1, tallest);
+    QColor color = pen().color();
+    CursorPicture picture(10, height);
+    const auto fill = [&](const QRect &rect) {
+        if (rect.isValid())
+            picture.painter().fillRect(rect, color);
+    };
+    for (int k = 0; k <= 1; ++k) {
+        color.setAlphaF(static_cast<float>(k + 1) * 0.25F);
+        fill(QRect(QPoint(k, k), QPoint(9 - k, height - 1 - k)));
+    }
+    color.setAlpha(200);
+    fill(QRect(QPoint(2, 2), QPoint(7, height - 3)));
+    return picture.toCursor();
+}
+
+Stroke *MarkerTool::createStroke() const
+{
+    return nullptr;
+}

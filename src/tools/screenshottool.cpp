@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/screenshottool.h"
+
+#include "tools/cursorpicture.h"
+
+#include <QSettings>
+
+ScreenShotTool::ScreenShotTool(ToolHost *host) : Tool(true), m_host(host) {}
+
+void ScreenShotTool::updateSettings()
+{
+    if (!followsSettings())
+        return;
+    const QSettings settings;
+    m_toClipboard = settings.value(QStringLiteral("ScreenshotTool/SaveViewToClipboard"), true).toBool();
+    m_toFile = settings.value(QStringLiteral("ScreenshotTool/SaveViewToFile"), false).toBool();
+    m_byEmail = settings.value(QStringLiteral("ScreenshotTool/SendViewViaEmail"), false).toBool();
+    m_useOnce = settings.value(QStringLiteral("ScreenshotTool/UseOnce"), true).toBool();
+}
+
+QCursor ScreenShotTool::makeCursor()
+{
+    const QPoint hotSpot(7, 7);
+    CursorPicture picture(14, 14);
+    QPainter &painter = picture.painter();
+    painter.drawLine(2, 7, 4, 7);
+    painter.drawLine(10, 7, 12, 7);
+    painter.drawLine(7, 2, 7, 4);
+    painter.drawLine(7, 10, 7, 12);
+    picture.drawDot(7, 7, Qt::black);
+    return picture.toCursor(hotSpot);
+}
+
+void ScreenShotTool::mousePressed(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
+void ScreenShotTool::mouseMoved(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
+void ScreenShotTool::mouseReleased(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
+
+void ScreenShotTool::paintOverlay(QPainter *painter)
+{
+    QPen rim(QColor(140, 140, 250, 160));
+    rim.setWidth(0);
+    painter->save();
+    painter->setPen(rim);
+    painter->fillRect(m_selection, QBrush(QColor(110, 110, 250, 50), Qt::SolidPattern));
+    painter->drawRect(m_selection);
+    painter->restore();
+}

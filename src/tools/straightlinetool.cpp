@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/straightlinetool.h"
+
+#include "tools/toolsettings.h"
+
+#include <QSettings>
+
+void StraightLineTool::updateSettings()
+{
+    if (!followsSettings())
+        return;
+    const QSettings settings;
+    QPen look = pen();
+    look.setWidth(ToolSettings::lineWidth(settings, QStringLiteral("LineTool/LineWidth"), 0));
+    look.setStyle(penStyle(settings.value(QStringLiteral("LineTool/LineStyle"), QStringLiteral("Solid")).toString(),
+                           look.style()));
+    setPen(look);
+    setAntialiasing(settings.value(QStringLiteral("LineTool/Antialiasing"), true).toBool());
+}
+
+void StraightLineTool::stretch(const QPointF & /*from*/, const QPointF & /*to*/) {}
+void StraightLineTool::normalize() {}

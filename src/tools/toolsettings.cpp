@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/toolsettings.h"
+
+#include <QSettings>
+
+#include <algorithm>
+
+namespace ToolSettings {
+
+int lineWidth(const QSettings &settings, const QString &key, int defaultWidth)
+{
+    constexpr int widest = 1000;
+    return std::clamp(settings.value(key, defaultWidth).toInt(), 0, widest);
+}
+
+int alpha(const QSettings &settings, const QString &key, int defaultTransparency)
+{
+    return alphaOfTransparency(settings.value(key, defaultTransparency).toInt());
+}
+
+int alphaOfTransparency(int transparency)
+{
+    return static_cast<int>((100 - std::clamp(transparency, 0, 100)) / 100.0 * 255);
+}
+
+} // namespace ToolSettings
