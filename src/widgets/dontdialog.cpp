@@ -3,6 +3,7 @@
 
 #include "ui_dontdialog.h"
 
+#include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
 #include <QSettings>
