@@ -24,6 +24,7 @@ ColorPickerPopup::ColorPickerPopup(int columns, bool withColorDialog, QWidget *p
     if (withColorDialog) {
         m_moreButton = new ColorPickerButton(this);
         m_moreButton->setFixedSize(24, 21);
+        nameMoreButton();
         connect(m_moreButton, &ColorPickerButton::clicked, this, &ColorPickerPopup::getColorFromDialog);
     }
     rebuildGrid();
@@ -50,7 +51,8 @@ void ColorPickerPopup::insertColor(const QColor &color, const QString &text, int
     connect(item, &ColorPickerItem::selected, this, &ColorPickerPopup::updateSelected);
     const bool inside = index >= 0 && index < m_items.size();
     m_items.insert(inside ? index : m_items.size(), item);
-    item->setVisible(isVisible());
+    if (isVisible())
+        item->show();
     rebuildGrid();
 }
 
@@ -169,8 +171,16 @@ void ColorPickerPopup::changeEvent(QEvent *event)
             if (item->text() == before)
                 item->setColor(item->color(), m_customText);
         }
+        if (m_moreButton)
+            nameMoreButton();
     }
     QFrame::changeEvent(event);
+}
+
+void ColorPickerPopup::nameMoreButton()
+{
+    m_moreButton->setToolTip(tr("More colors"));
+    m_moreButton->setAccessibleName(m_moreButton->toolTip());
 }
 
 int ColorPickerPopup::columnCount() const

@@ -53,6 +53,7 @@ protected:
 private:
     using Cell = std::pair<int, int>; ///< row, column
 
+    void nameMoreButton();
     void rebuildGrid();
     int columnCount() const;
     void placeInGrid(QWidget *widget, int position);
