@@ -1,0 +1,419 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/page.h"
+
+#include "annotations/annotation.h"
+#include "documents/addannotationcommand.h"
+#include "documents/documentitem.h"
+#include "documents/markref.h"
+#include "documents/picture.h"
+#include "documents/warningbox.h"
+#include "persistence/iosystem.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QGraphicsTextItem>
+#include <QGraphicsView>
+#include <QTextDocument>
+#include <QUndoGroup>
+#include <QUndoStack>
+
+namespace {
+
+constexpr double pageMarginX = 50.0;
+constexpr double pageMarginY = 5.0;
+const QLatin1String unnamed("noname");
+
+/// The annotated file beside @p path: same folder, name up to the first dot.
+QString annotatedFileFor(const QString &path)
+{
+    const QFileInfo info(path);
+    const QDir folder = info.dir();
+    QString target = folder.absolutePath();
+    if (!folder.isRoot())
+        target += QDir::separator();
+    return QDir::toNativeSeparators(target + info.baseName() + QStringLiteral(".oxn"));
+}
+
+} // namespace
+
+Page::Page(DocumentHost *host)
+    : m_host(host), m_documentItem(new DocumentItem(this)), m_fileName(unnamed), m_undoStack(new QUndoStack)
+{
+    if (host && host->undoGroup())
+        host->undoGroup()->addStack(m_undoStack);
+}
+
+Page::~Page()
+{
+    delete m_documentItem;
+    delete m_undoStack;
+    // Marks that the clipboard or another page's undo stack still has must not die with this scene.
+    for (QGraphicsItem *item : items()) {
+        if (!item->parentItem() && MarkRef::isHeld(item))
+            removeItem(item);
+    }
+}
+
+DocumentHost *Page::host() const
+{
+    return m_host.get();
+}
+
+QWidget *Page::window() const
+{
+    return m_host.window();
+}
+
+void Page::setPageView(PageView *view)
+{
+    m_view = view;
+}
+
+PageView *Page::pageView() const
+{
+    return m_view;
+}
+
+QString Page::fileName() const
+{
+    return m_fileName;
+}
+
+void Page::setFileName(const QString &fileName)
+{
+    m_fileName = fileName;
+    m_shortName = QFileInfo(fileName).fileName();
+}
+
+QString Page::shortName() const
+{
+    return m_shortName;
+}
+
+QString Page::fileType() const
+{
+    return m_fileType;
+}
+
+void Page::setFileType(const QString &type)
+{
+    m_fileType = type;
+}
+
+TextFormat Page::textFormat() const
+{
+    return m_textFormat;
+}
+
+void Page::setTextFormat(const TextFormat &format)
+{
+    m_textFormat = format;
+}
+
+QString Page::imageLink() const
+{
+    return m_imageLink;
+}
+
+Page::DocumentKind Page::documentKind() const
+{
+    return m_kind;
+}
+
+void Page::setSavedSize(const QRectF &size)
+{
+    m_savedSize = size;
+}
+
+bool Page::isModified() const
+{
+    return m_modified || m_documentItem->isModified();
+}
+
+void Page::setModified(bool modified)
+{
+    m_modified = modified;
+    m_documentItem->setModified(modified);
+}
+
+void Page::newDocument()
+{
+    m_documentItem->newDocument();
+    m_kind = TextDocument;
+    setModified(false);
+}
+
+bool Page::loadFile(const QString &fileName)
+{
+    setModified(false);
+    setFileName(fileName);
+    return IoSystem::instance()->load(this, fileName);
+}
+
+void Page::setTextContents(const QString &fileName, const QString &text, const QString &lineNumbers)
+{
+    setFileName(fileName);
+    m_textFormat = TextFormat();
+    m_documentItem->setTextContents(text, lineNumbers);
+    m_kind = TextDocument;
+}
+
+bool Page::setImageContents(const QString &fileName, const QString &link)
+{
+    setFileName(fileName);
+    m_imageLink = link.isEmpty() ? fileName : link;
+    const QPixmap pixmap = readPicture(m_imageLink);
+    if (pixmap.isNull()) {
+        showWarning(window(), tr("I/O Error"),
+                    tr("File %1 not found or its format is currently unsupported!").arg(fileName));
+        return false;
+    }
+    m_documentItem->setImageContents(pixmap);
+    m_kind = ImageDocument;
+    return true;
+}
+
+bool Page::saveDocument(const QString &fileName, bool keepState)
+{
+    QString target = fileName;
+    if (target.isEmpty() && !chooseTarget(&target))
+        return false;
+    if (!IoSystem::instance()->save(this, target)) {
+        showWarning(window(), tr("I/O Warning"), tr("Can't save file %1").arg(target));
+        return false;
+    }
+    if (!keepState)
+        setSaved(target);
+    return true;
+}
+
+bool Page::chooseTarget(QString *target) const
+{
+    *target = m_fileName;
+    if (!hasAnnotations() || QFileInfo(*target).suffix().compare(QLatin1String("oxn"), Qt::CaseInsensitive) == 0)
+        return true;
+    const auto answer = showWarning(
+        window(), tr("Kestrin 7"),
+        tr("Document [%1] contains annotations.\nDo you want to save it as an 'Annotated' OXN file?").arg(*target),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (answer == QMessageBox::No)
+        return true;
+    if (answer != QMessageBox::Yes)
+        return false;
+    *target = annotatedFileFor(*target);
+    return mayReplace(*target);
+}
+
+bool Page::mayReplace(const QString &path) const
+{
+    const QFileInfo target(path);
+    const bool isOwn = m_fileName != unnamed && target == QFileInfo(m_fileName);
+    if (isOwn || !target.exists())
+        return true;
+    return showWarning(window(), tr("Kestrin 7"), tr("%1 already exists.\nDo you want to replace it?").arg(path),
+                       QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+void Page::setSaved(const QString &target)
+{
+    setModified(false);
+    m_fileName = target;
+    if (DocumentHost *host = m_host.get(); host && window())
+        window()->setWindowTitle(host->title() + QStringLiteral(" [") + m_fileName + QLatin1Char(']'));
+}
+
+void Page::addAnnotation(QGraphicsItem *item)
+{
+    m_undoStack->push(new AddAnnotationCommand(this, item, nullptr));
+    setModified(true);
+}
+
+bool Page::containsItem(QGraphicsItem *item) const
+{
+    return items().contains(item);
+}
+
+bool Page::hasAnnotations() const
+{
+    if (m_knownMark.item() && m_knownMark.item()->scene() == this)
+        return true;
+    for (QGraphicsItem *item : items()) {
+        if (dynamic_cast<Annotation *>(item)) {
+            m_knownMark = MarkPointer(item);
+            return true;
+        }
+    }
+    return false;
+}
+
+void Page::setAnnotationsHidden(bool hide)
+{
+    m_annotationsVisible = !hide;
+    for (QGraphicsItem *item : items()) {
+        if (dynamic_cast<Annotation *>(item))
+            item->setVisible(m_annotationsVisible);
+    }
+}
+
+bool Page::annotationsVisible() const
+{
+    return m_annotationsVisible;
+}
+
+void Page::removeAnnotations()
+{
+    for (QGraphicsItem *item : items()) {
+        if (!dynamic_cast<Annotation *>(item))
+            continue;
+        const MarkRef mark(item);
+        removeItem(item);
+    }
+}
+
+void Page::putOnScene(QGraphicsItem *item)
+{
+    if (item && item->scene() != this)
+        addItem(item);
+}
+
+void Page::takeOffScene(QGraphicsItem *item)
+{
+    if (item && item->scene() == this)
+        removeItem(item);
+}
+
+void Page::highlightSyntax(bool /*on*/) {}
+
+void Page::showLineNumbers(bool show)
+{
+    if (m_kind == TextDocument)
+        m_documentItem->lineNumbersItem()->setVisible(show);
+}
+
+void Page::setDocumentFont(const QFont &font)
+{
+    m_documentItem->setDocumentFont(font, false);
+}
+
+QFont Page::documentFont() const
+{
+    return m_documentItem->textItem()->font();
+}
+
+void Page::setTextColor(const QColor &color)
+{
+    m_documentItem->textItem()->setDefaultTextColor(color);
+}
+
+double Page::contentsWidth() const
+{
+    return m_documentItem->textItem()->boundingRect().width();
+}
+
+double Page::contentsHeight() const
+{
+    return m_documentItem->textItem()->boundingRect().height();
+}
+
+QTextDocument *Page::textDocument() const
+{
+    return m_documentItem->textDocument();
+}
+
+QString Page::plainText() const
+{
+    return m_documentItem->plainText();
+}
+
+QString Page::selectedText() const
+{
+    return m_documentItem->selectedText();
+}
+
+void Page::resetSearch()
+{
+    m_searchCursor = QTextCursor(textDocument());
+}
+
+void Page::focusDocument()
+{
+    m_documentItem->setTextEditable(true);
+    setFocus();
+    m_documentItem->setCursorPosition(0);
+}
+
+void Page::insertTab()
+{
+    if (isEditableText())
+        m_documentItem->insertTabs(1);
+}
+
+bool Page::isEditableText() const
+{
+    return m_kind == TextDocument;
+}
+
+void Page::renderClean(QPainter *painter, const QRectF &target, const QRectF &source,
+                       Qt::AspectRatioMode aspectRatioMode)
+{
+    m_drawToolOverlay = false;
+    render(painter, target, source, aspectRatioMode);
+}
+
+void Page::adjustDocumentRect()
+{
+    if (views().isEmpty())
+        return;
+    // Short of the margins by this much, a document still counts as filling the view.
+    constexpr double tolerance = 10.0;
+    const QSizeF view = views().constFirst()->geometry().size();
+    const double width = view.width() - 2 * pageMarginX;
+    const double height = view.height() - 2 * pageMarginY;
+    QRectF bounds = m_documentItem->boundingRect();
+    if (width - tolerance > bounds.width())
+        bounds.setWidth(width);
+    if (height - tolerance > bounds.height())
+        bounds.setHeight(height);
+    m_documentItem->setBounds(bounds);
+}
+
+DocumentItem *Page::documentItem() const
+{
+    return m_documentItem;
+}
+
+double Page::lastMouseX() const
+{
+    return m_lastMouse.x();
+}
+
+double Page::lastMouseY() const
+{
+    return m_lastMouse.y();
+}
+
+double Page::marginX() const
+{
+    return pageMarginX;
+}
+
+double Page::marginY() const
+{
+    return pageMarginY;
+}
+
+void Page::refreshUi()
+{
+    if (DocumentHost *host = m_host.get())
+        host->updateMenus();
+}
+
+void Page::activateUndoStack()
+{
+    m_undoStack->setActive();
+}
+
+void Page::clearUndoStack()
+{
+    m_undoStack->clear();
+}

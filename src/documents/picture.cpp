@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/picture.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+#include <QPixmap>
+
+QPixmap readPicture(const QString &path)
+{
+    constexpr int allocationLimitMiB = 1024;
+    // Opening a pipe or a device could wait for ever.
+    if (!QFileInfo(path).isFile())
+        return {};
+    QImageReader::setAllocationLimit(allocationLimitMiB);
+    QImage image = QImageReader(path).read();
+    image.setDevicePixelRatio(1.0);
+    return QPixmap::fromImage(std::move(image));
+}

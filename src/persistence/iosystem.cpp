@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "persistence/iosystem.h"
+
+#include "documents/page.h"
+#include "documents/warningbox.h"
+#include "persistence/lineends.h"
+#include "persistence/progressdisplay.h"
+#include "persistence/safefile.h"
+#include "persistence/scenepicture.h"
+#include "persistence/textcodec.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+#include <QImageWriter>
+
+namespace {
+
+bool isOxn(const QString &fileName)
+{
+    return QFileInfo(fileName).suffix().compare(QLatin1String("oxn"), Qt::CaseInsensitive) == 0;
+}
+
+bool isAmong(const QList<QByteArray> &formats, const QString &fileName)
+{
+    return formats.contains(QFileInfo(fileName).suffix().toLower().toLatin1());
+}
+
+/// The gutter's text: one number for each line.
+QString numbersText(int lines)
+{
+    QString numbers;
+    for (int number = 1; number <= lines; ++number)
+        numbers += QString::number(number) + QLatin1Char('\n');
+    return numbers;
+}
+
+} // namespace
+
+IoSystem *IoSystem::instance()
+{
+    static IoSystem theInstance;
+    return &theInstance;
+}
+
+bool IoSystem::load(Page *page, const QString &fileName)
+{
+    if (!page)
+        return false;
+    if (isOxn(fileName))
+        return loadOxn(page, fileName);
+    if (isAmong(QImageReader::supportedImageFormats(), fileName))
+        return loadImage(page, fileName);
+    return loadText(page, fileName);
+}
+
+bool IoSystem::save(Page *page, const QString &fileName)
+{
+    if (isOxn(fileName))
+        return saveOxn(page, fileName);
+    if (isAmong(QImageWriter::supportedImageFormats(), fileName))
+        return saveImage(page, fileName);
+    return saveText(page, fileName);
+}
+
+bool IoSystem::loadText(Page *page, const QString &fileName)
+{
+    const ProgressDisplay progress(page);
+    QByteArray bytes;
+    if (const auto error = readWhole(fileName, &bytes); error != QFileDevice::NoError) {
+        showWarning(nullptr, tr("I/O Error 0x00608004"),
+                    tr("Can't open file %1\nError code: %2").arg(fileName, QString::number(error)));
+        return false;
+    }
+    TextFormat format;
+    const SplitText split = splitLines(decodeText(bytes, &format));
+    format.lineEnd = split.lineEnd;
+    format.finalLineEnd = split.finalLineEnd;
+    progress.show(50);
+    page->setTextContents(fileName, split.text, numbersText(split.lines));
+    page->setTextFormat(format);
+    rememberOddEnds(page->textDocument(), split);
+    page->setFileType(QFileInfo(fileName).suffix());
+    progress.show(100);
+    return true;
+}
+
+bool IoSystem::saveText(Page *page, const QString &fileName)
+{
+    const TextFormat format = page->textFormat();
+    const QByteArray bytes = encodeText(joinLines(page->textDocument(), format), format);
+    if (writeSafely(fileName, bytes) != QFileDevice::NoError) {
+        showWarning(nullptr, tr("I/O Error"), tr("Cannot save file %1.\nError code: ").arg(fileName));
+        return false;
+    }
+    return true;
+}
+
+bool IoSystem::loadImage(Page *page, const QString &fileName)
+{
+    const ProgressDisplay progress(page);
+    progress.show(50);
+    const bool loaded = page->setImageContents(fileName, QString());
+    progress.show(100);
+    page->setFileType(QFileInfo(fileName).suffix());
+    return loaded;
+}
+
+bool IoSystem::saveImage(Page *page, const QString &fileName)
+{
+    if (!page || fileName.isEmpty())
+        return false;
+    const QByteArray bytes = encodePicture(renderPicture(page), QFileInfo(fileName).suffix());
+    return !bytes.isEmpty() && writeSafely(fileName, bytes) == QFileDevice::NoError;
+}
+
+bool IoSystem::loadOxn(Page * /*page*/, const QString &fileName)
+{
+    showWarning(nullptr, tr("Kestrin 7 I/O Error"), tr("Cannot open file %1!").arg(fileName));
+    return false;
+}
+
+bool IoSystem::saveOxn(Page * /*page*/, const QString &fileName)
+{
+    showWarning(nullptr, tr("I/O Error 0x00608005"), tr("Can't save file %1.\nError code: ").arg(fileName));
+    return false;
+}

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/dialogs.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+
+namespace {
+
+constexpr int pollInterval = 5;      // milliseconds
+constexpr int closingLimit = 20'000; // milliseconds
+
+} // namespace
+
+DialogAnswers::DialogAnswers()
+{
+    connect(&m_timer, &QTimer::timeout, this, &DialogAnswers::poll);
+    m_timer.start(pollInterval);
+}
+
+DialogAnswers::~DialogAnswers() = default;
+
+void DialogAnswers::click(QMessageBox::StandardButton button)
+{
+    handle([button](QDialog *dialog) {
+        auto *box = qobject_cast<QMessageBox *>(dialog);
+        QAbstractButton *found = box ? box->button(button) : nullptr;
+        if (found)
+            found->click();
+        else
+            dialog->reject();
+    });
+}
+
+void DialogAnswers::chooseFile(const QString &path, const QString &nameFilter)
+{
+    handle([path, nameFilter](QDialog *dialog) {
+        auto *fileDialog = qobject_cast<QFileDialog *>(dialog);
+        auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        if (!fileDialog || !edit) {
+            dialog->reject();
+            return;
+        }
+        if (!nameFilter.isEmpty())
+            fileDialog->selectNameFilter(nameFilter);
+        edit->setText(path);
+        dialog->accept();
+    });
+}
+
+void DialogAnswers::accept()
+{
+    handle([](QDialog *dialog) { dialog->accept(); });
+}
+
+void DialogAnswers::reject()
+{
+    handle([](QDialog *dialog) { dialog->reject(); });
+}
+
+void DialogAnswers::handle(std::function<void(QDialog *)> answer)
+{
+    m_answers.append(std::move(answer));
+}
+
+const QList<SeenDialog> &DialogAnswers::seen() const
+{
+    return m_seen;
+}
+
+qsizetype DialogAnswers::left() const
+{
+    return m_answers.size();
+}
+
+QStringList DialogAnswers::texts() const
+{
+    QStringList texts;
+    for (const SeenDialog &dialog : m_seen) {
+        if (!dialog.text.isEmpty())
+            texts.append(dialog.text);
+    }
+    return texts;
+}
+
+void DialogAnswers::poll()
+{
+    auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    if (!dialog || !dialog->isVisible()) {
+        m_waited = 0;
+        return;
+    }
+    if (m_answered.contains(dialog)) {
+        m_waited += pollInterval;
+        if (m_waited > closingLimit)
+            qFatal("The window \"%s\" does not close", qPrintable(dialog->windowTitle()));
+        return;
+    }
+    m_waited = 0;
+    m_answered.append(dialog);
+    record(dialog);
+    if (m_answers.isEmpty()) {
+        qWarning("Nobody expected the window \"%s\": %s", qPrintable(m_seen.constLast().title),
+                 qPrintable(m_seen.constLast().text));
+        dialog->reject();
+        return;
+    }
+    // May open a further window and come back only when that one is answered.
+    const auto answer = m_answers.takeFirst();
+    answer(dialog);
+}
+
+void DialogAnswers::record(QDialog *dialog)
+{
+    SeenDialog seen;
+    seen.title = dialog->windowTitle();
+    seen.parent = dialog->parentWidget();
+    if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+        seen.text = box->text();
+        seen.buttons = box->standardButtons();
+        seen.icon = box->icon();
+    }
+    if (auto *fileDialog = qobject_cast<QFileDialog *>(dialog)) {
+        seen.nameFilters = fileDialog->nameFilters();
+        seen.directory = fileDialog->directory().path();
+    }
+    m_seen.append(seen);
+}
