@@ -2,6 +2,7 @@
 #include "documents/page.h"
 
 #include "annotations/annotation.h"
+#include "app/eventlog.h"
 #include "documents/addannotationcommand.h"
 #include "documents/documentitem.h"
 #include "documents/markref.h"
@@ -66,7 +67,9 @@ QWidget *Page::window() const
 
 void Page::setPageView(PageView *view)
 {
+    (logTrace << "Set page view").eol(0);
     m_view = view;
+    (logTrace << " <=>").eol(0);
 }
 
 PageView *Page::pageView() const
@@ -147,19 +150,24 @@ bool Page::loadFile(const QString &fileName)
 {
     setModified(false);
     setFileName(fileName);
-    return IoSystem::instance()->load(this, fileName);
+    const bool loaded = IoSystem::instance()->load(this, fileName);
+    (logTrace << (loaded ? "Page:: File loaded correctly" : "Page:: Error while loading file!")).eol(0);
+    return loaded;
 }
 
 void Page::setTextContents(const QString &fileName, const QString &text, const QString &lineNumbers)
 {
+    (logTrace << "SetTextContents").eol(0);
     setFileName(fileName);
     m_textFormat = TextFormat();
     m_documentItem->setTextContents(text, lineNumbers);
     m_kind = TextDocument;
+    (logTrace << " <=>").eol(0);
 }
 
 bool Page::setImageContents(const QString &fileName, const QString &link)
 {
+    (logTrace << "SetImageContents").eol(0);
     setFileName(fileName);
     m_imageLink = link.isEmpty() ? fileName : link;
     const QPixmap pixmap = readPicture(m_imageLink);
@@ -170,6 +178,7 @@ bool Page::setImageContents(const QString &fileName, const QString &link)
     }
     m_documentItem->setImageContents(pixmap);
     m_kind = ImageDocument;
+    (logTrace << " <=>").eol(0);
     return true;
 }
 
@@ -282,7 +291,10 @@ void Page::takeOffScene(QGraphicsItem *item)
         removeItem(item);
 }
 
-void Page::highlightSyntax(bool /*on*/) {}
+void Page::highlightSyntax(bool /*on*/)
+{
+    (logTrace << "Highlight syntax").eol(0);
+}
 
 void Page::showLineNumbers(bool show)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "persistence/iosystem.h"
 
+#include "app/eventlog.h"
 #include "documents/page.h"
 #include "documents/warningbox.h"
 #include "persistence/lineends.h"
@@ -64,11 +65,13 @@ bool IoSystem::save(Page *page, const QString &fileName)
 
 bool IoSystem::loadText(Page *page, const QString &fileName)
 {
+    (logTrace << "Load text file").eol(0);
     const ProgressDisplay progress(page);
     QByteArray bytes;
     if (const auto error = readWhole(fileName, &bytes); error != QFileDevice::NoError) {
         showWarning(nullptr, tr("I/O Error 0x00608004"),
                     tr("Can't open file %1\nError code: %2").arg(fileName, QString::number(error)));
+        (logTrace << " cannot open text file").eol(0);
         return false;
     }
     TextFormat format;
@@ -81,36 +84,50 @@ bool IoSystem::loadText(Page *page, const QString &fileName)
     rememberOddEnds(page->textDocument(), split);
     page->setFileType(QFileInfo(fileName).suffix());
     progress.show(100);
+    (logTrace << " <=>").eol(0);
     return true;
 }
 
 bool IoSystem::saveText(Page *page, const QString &fileName)
 {
+    (logTrace << "Save pure text file").eol(0);
     const TextFormat format = page->textFormat();
     const QByteArray bytes = encodeText(joinLines(page->textDocument(), format), format);
     if (writeSafely(fileName, bytes) != QFileDevice::NoError) {
         showWarning(nullptr, tr("I/O Error"), tr("Cannot save file %1.\nError code: ").arg(fileName));
+        (logTrace << " cannot save txt file").eol(0);
         return false;
     }
+    (logTrace << " <=>").eol(0);
     return true;
 }
 
 bool IoSystem::loadImage(Page *page, const QString &fileName)
 {
+    (logTrace << "Load image file").eol(0);
     const ProgressDisplay progress(page);
     progress.show(50);
     const bool loaded = page->setImageContents(fileName, QString());
     progress.show(100);
     page->setFileType(QFileInfo(fileName).suffix());
+    (logTrace << " <=>").eol(0);
     return loaded;
 }
 
 bool IoSystem::saveImage(Page *page, const QString &fileName)
 {
-    if (!page || fileName.isEmpty())
+    (logTrace << "Save image file").eol(0);
+    if (!page || fileName.isEmpty()) {
+        (logTrace << " page or file name is empty").eol(0);
         return false;
+    }
     const QByteArray bytes = encodePicture(renderPicture(page), QFileInfo(fileName).suffix());
-    return !bytes.isEmpty() && writeSafely(fileName, bytes) == QFileDevice::NoError;
+    if (bytes.isEmpty() || writeSafely(fileName, bytes) != QFileDevice::NoError) {
+        (logTrace << " cannot save pixmap").eol(0);
+        return false;
+    }
+    (logTrace << " <=>").eol(0);
+    return true;
 }
 
 bool IoSystem::loadOxn(Page * /*page*/, const QString &fileName)

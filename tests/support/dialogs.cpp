@@ -8,15 +8,15 @@
 
 namespace {
 
-constexpr int pollInterval = 5;      // milliseconds
-constexpr int closingLimit = 20'000; // milliseconds
+constexpr int dialogPollInterval = 5; // milliseconds
+constexpr int closingLimit = 20'000;  // milliseconds
 
 } // namespace
 
 DialogAnswers::DialogAnswers()
 {
     connect(&m_timer, &QTimer::timeout, this, &DialogAnswers::poll);
-    m_timer.start(pollInterval);
+    m_timer.start(dialogPollInterval);
 }
 
 DialogAnswers::~DialogAnswers() = default;
@@ -92,7 +92,7 @@ void DialogAnswers::poll()
         return;
     }
     if (m_answered.contains(dialog)) {
-        m_waited += pollInterval;
+        m_waited += dialogPollInterval;
         if (m_waited > closingLimit)
             qFatal("The window \"%s\" does not close", qPrintable(dialog->windowTitle()));
         return;
