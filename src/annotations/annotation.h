@@ -4,6 +4,8 @@
 #include <QPointF>
 #include <QString>
 
+class ElementReader;
+class ElementWriter;
 class QDomDocument;
 class QDomElement;
 class QPainter;
@@ -29,14 +31,20 @@ public:
     /// One line for the log.
     virtual QString toDebugString() = 0;
     /// Appends this mark's element, created in @p document, to @p parent.
-    virtual void saveToXml(QDomDocument &document, QDomElement &parent) = 0;
+    virtual void saveToXml(QDomDocument &document, QDomElement &parent);
     /// Reads the fields from @p element; missing or damaged ones take their defaults. @p offset is not used.
-    virtual void loadFromXml(const QDomElement &element, const QPointF &offset) = 0;
+    virtual void loadFromXml(const QDomElement &element, const QPointF &offset);
     /// Whether the mark is painted with QPainter::Antialiasing.
     virtual void setAntialiasing(bool on);
     virtual bool antialiasing() const;
     /// Simplifies the geometry where a class can do so.
     virtual void smooth();
+
+    /// Writes this mark's element with all its fields: the one place that knows them. The attributes stand in a
+    /// fixed order, so that the same mark always gives the same bytes.
+    virtual void write(ElementWriter &writer) const = 0;
+    /// Takes all fields from the current element of @p reader; missing or damaged ones take their defaults.
+    virtual void read(ElementReader &reader) = 0;
 
 private:
     bool m_antialiasing = false;

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "annotations/markitem.h"
+
+#include <QGraphicsItem>
+#include <QPainter>
+#include <QSettings>
+
+namespace MarkItem {
+
+void makeHandy(QGraphicsItem &item)
+{
+    item.setFlag(QGraphicsItem::ItemIsMovable);
+    item.setFlag(QGraphicsItem::ItemIsSelectable);
+}
+
+void placeCopy(const QGraphicsItem &original, QGraphicsItem &copy)
+{
+    copy.setPos(original.pos() + QPointF(20, 20));
+    makeHandy(copy);
+}
+
+void drawSelection(QPainter *painter, const QGraphicsItem &item, const QPen &pen, const QString &key)
+{
+    if (!item.isSelected() || !QSettings().value(key, false).toBool())
+        return;
+    painter->setPen(QPen(pen.color(), 0, Qt::DashLine));
+    painter->drawRect(item.boundingRect());
+}
+
+} // namespace MarkItem

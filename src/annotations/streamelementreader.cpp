@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "annotations/streamelementreader.h"
+
+#include "annotations/xmlnames.h"
+
+#include <QXmlStreamReader>
+
+StreamElementReader::StreamElementReader(QXmlStreamReader &xml)
+    : m_xml(xml), m_attributes(xml.attributes()), m_tag(xml.name().toString())
+{
+}
+
+void StreamElementReader::readNext()
+{
+    switch (m_xml.readNext()) {
+    case QXmlStreamReader::StartElement:
+        ++m_openLevel;
+        break;
+    case QXmlStreamReader::EndElement:
+        --m_openLevel;
+        break;
+    case QXmlStreamReader::Invalid:
+    case QXmlStreamReader::EndDocument:
+        m_openLevel = 0;
+        break;
+    default:
+        break;
+    }
+}
+
+bool StreamElementReader::enterNextChild()
+{
+    while (m_openLevel >= m_level) {
+        readNext();
+        if (m_openLevel > m_level) {
+            ++m_level;
+            m_attributes = m_xml.attributes();
+            m_tag = m_xml.name().toString();
+            return true;
+        }
+    }
+    return false;
+}
+
+void StreamElementReader::leaveChild()
+{
+    while (m_openLevel >= m_level)
+        readNext();
+    --m_level;
+}
+
+QStringView StreamElementReader::tag() const
+{
+    return m_tag;
+}
+
+QString StreamElementReader::readText()
+{
+    QString text;
+    while (m_openLevel >= m_level) {
+        readNext();
+        if (m_xml.isCharacters() && (m_xml.isCDATA() || !m_xml.isWhitespace()))
+            text += m_xml.text();
+        else if (m_xml.isStartElement()) {
+            const QStringView code = m_xml.attributes().value(XmlNames::characterCode);
+            if (const auto c = codedCharacter(m_xml.name(), code))
+                text += *c;
+        }
+    }
+    return text;
+}
+
+std::optional<QStringView> StreamElementReader::attribute(QLatin1String name) const
+{
+    for (const QXmlStreamAttribute &candidate : m_attributes) {
+        if (candidate.qualifiedName() == name)
+            return candidate.value();
+    }
+    return {};
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "annotations/textboxann.h"
+
+#include "annotations/elementreader.h"
+#include "annotations/elementwriter.h"
+#include "annotations/exacttext.h"
+#include "annotations/markfields.h"
+#include "annotations/markitem.h"
+
+#include <QFont>
+#include <QTextDocument>
+
+namespace {
+
+/// Text of the first element for it; later ones are not read.
+QString readTextChild(ElementReader &reader)
+{
+    QString text;
+    bool found = false;
+    while (!found && reader.enterNextChild()) {
+        found = reader.tag() == XmlNames::text;
+        if (found)
+            text = reader.readText();
+        reader.leaveChild();
+    }
+    return text;
+}
+
+} // namespace
+
+TextBoxAnn::TextBoxAnn(QGraphicsItem *parent) : QGraphicsTextItem(parent) {}
+
+void TextBoxAnn::paintContent(QPainter * /*painter*/) {}
+
+TextBoxAnn *TextBoxAnn::clone()
+{
+    auto *copy = new TextBoxAnn;
+    copy->setDefaultTextColor(defaultTextColor());
+    copy->setPlainText(exactText(*document()));
+    copy->setFont(font());
+    MarkItem::placeCopy(*this, *copy);
+    return copy;
+}
+
+QString TextBoxAnn::toDebugString()
+{
+    return QStringLiteral("TextBox annotation");
+}
+
+void TextBoxAnn::write(ElementWriter &writer) const
+{
+    writer.startElement(XmlNames::textBox);
+    MarkFields::writePosition(writer, *this);
+    writer.writeAttribute(XmlNames::fontFamily, font().family());
+    writer.writeAttribute(XmlNames::fontSize, font().pointSize());
+    MarkFields::writeColor(writer, XmlNames::plainColor, defaultTextColor());
+    writer.startElement(XmlNames::text);
+    writer.writeText(exactText(*document()));
+    writer.endElement();
+    writer.endElement();
+}
+
+void TextBoxAnn::read(ElementReader &reader)
+{
+    const QPointF position = MarkFields::readPosition(reader);
+    const QString family = reader.string(XmlNames::fontFamily, QLatin1String("Courier")).trimmed();
+    const int size = reader.integer(XmlNames::fontSize, 10);
+    const QColor color = MarkFields::readColor(reader, XmlNames::plainColor);
+    const QString text = readTextChild(reader);
+
+    setFont(QFont(family, size, -1, false));
+    setDefaultTextColor(color);
+    setPlainText(text);
+    setPos(position);
+}
