@@ -52,9 +52,9 @@ QString DomElementReader::readText()
 
 std::optional<QStringView> DomElementReader::attribute(QLatin1String name) const
 {
-    const QDomAttr found = m_current.attributeNode(name);
+    const QDomNode found = m_current.attributes().namedItem(name);
     if (found.isNull())
         return {};
-    m_value = found.value();
+    m_value = found.nodeValue();
     return m_value;
 }

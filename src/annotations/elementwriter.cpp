@@ -41,14 +41,11 @@ ElementWriter::~ElementWriter() = default;
 
 void ElementWriter::writeAttribute(QLatin1String name, const QString &value)
 {
-    qsizetype i = nextForbidden(value, 0);
-    if (i == value.size()) {
-        addAttribute(name, value);
-        return;
-    }
     QString clean = value;
-    for (; i < value.size(); i = nextForbidden(value, i + 1))
-        clean[i] = QChar::ReplacementCharacter;
+    for (qsizetype i = nextForbidden(value, 0); i < value.size(); i = nextForbidden(value, i + 1)) {
+        if (value.at(i) != u'\r') // attributes escape it
+            clean[i] = QChar::ReplacementCharacter;
+    }
     addAttribute(name, clean);
 }
 

@@ -2,6 +2,7 @@
 #include "annotations/penline.h"
 
 #include "annotations/xmlnames.h"
+#include "app/eventlog.h"
 
 #include <QPen>
 
@@ -48,6 +49,7 @@ void PenLine::finishCapture(bool apply)
 
 void PenLine::smooth()
 {
+    (logTrace << "PenLine smoothing").eol(0);
     const QPolygonF points = polygon();
     const qsizetype count = points.size();
     if (count < 4)
