@@ -163,18 +163,15 @@ void ColorPickerPopup::mouseReleaseEvent(QMouseEvent *event)
         hide();
 }
 
-void ColorPickerPopup::changeEvent(QEvent *event)
+void ColorPickerPopup::retranslate()
 {
-    if (event->type() == QEvent::LanguageChange) {
-        const QString before = std::exchange(m_customText, tr("Custom"));
-        for (ColorPickerItem *item : std::as_const(m_items)) {
-            if (item->text() == before)
-                item->setColor(item->color(), m_customText);
-        }
-        if (m_moreButton)
-            nameMoreButton();
+    const QString before = std::exchange(m_customText, tr("Custom"));
+    for (ColorPickerItem *item : std::as_const(m_items)) {
+        if (item->text() == before)
+            item->setColor(item->color(), m_customText);
     }
-    QFrame::changeEvent(event);
+    if (m_moreButton)
+        nameMoreButton();
 }
 
 void ColorPickerPopup::nameMoreButton()

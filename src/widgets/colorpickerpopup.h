@@ -31,6 +31,9 @@ public:
     ColorPickerItem *find(const QColor &color) const;
     /// Moves the selected mark to @p item.
     void select(ColorPickerItem *item);
+    /// Sets the popup's own texts in the present language. The picker calls it, since the order in which the two
+    /// windows hear of a new language is open.
+    void retranslate();
 
 public slots:
     /// Closes the popup and asks for a colour with the colour dialog, starting from the one chosen last.
@@ -48,7 +51,6 @@ protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
     using Cell = std::pair<int, int>; ///< row, column

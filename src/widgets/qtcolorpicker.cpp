@@ -173,6 +173,7 @@ void QtColorPicker::drawIcon()
 
 void QtColorPicker::retranslate()
 {
+    m_popup->retranslate();
     if (m_hasStandardColors) {
         for (const StandardColor &standard : standardColors) {
             ColorPickerItem *item = m_popup->find(standard.color);

@@ -355,7 +355,7 @@ void TestQtColorPicker::staysOnTheDesktop()
     QVERIFY(QTest::qWaitForWindowExposed(&picker));
     QVERIFY(openPopup(picker));
     const QRect popup = placeOf(popupOf(picker));
-    QVERIFY2(desktop.contains(popup), QTest::toString(popup));
+    QVERIFY2(desktop.contains(popup), qPrintable(QDebug::toString(popup)));
     if (place.x() == 100)
         QCOMPARE(popup.right(), desktop.right());
     if (place.y() == 100)
