@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/scrivara.h"
+
+#include "app/eventlog.h"
+#include "widgets/fullscreendialog.h"
+#include "widgets/qtcolorpicker.h"
+#include "widgets/viewmodedialog.h"
+
+#include <QSettings>
+#include <QToolBar>
+
+void Scrivara::loadSettings()
+{
+    TRACE_ENTER;
+    const QSettings settings;
+    restoreState(settings.value(QStringLiteral("General/WindowState")).toByteArray(), 0);
+    m_appLanguage = settings.value(QStringLiteral("Other/AppLanguage"), "default").toString();
+    // Unlike switchLanguage(): at start "default" is English, whatever the system speaks.
+    const QString locale = m_appLanguage == QLatin1String("default") ? QStringLiteral("en") : m_appLanguage;
+    loadTranslations(locale);
+    (logTrace << " locale, " << locale.toLatin1().constData()).eol(0);
+    m_lineColorPicker->setCurrentColor(
+        QColor(settings.value(QStringLiteral("General/PenColor"), "#0a0aa2").toString()));
+    m_fillColorPicker->setCurrentColor(QColor(settings.value(QStringLiteral("General/BrushColor")).toString()));
+    fullScreenMode(settings.value(QStringLiteral("Other/FullscreenAtStart"), false).toBool());
+    TRACE_LEAVE;
+}
+
+void Scrivara::saveSettings()
+{
+    TRACE_ENTER;
+    QSettings settings;
+    settings.setValue(QStringLiteral("General/PenColor"), m_lineColorPicker->currentColor().name());
+    settings.setValue(QStringLiteral("General/BrushColor"), m_fillColorPicker->currentColor().name());
+    if (m_viewMode == StandardView)
+        settings.setValue(QStringLiteral("General/WindowState"), saveState(0));
+    settings.setValue(QStringLiteral("General/WindowMaximized"), isMaximized());
+    settings.setValue(QStringLiteral("General/WindowPosition"), pos());
+    settings.setValue(QStringLiteral("General/WindowSize"), geometry().size());
+    settings.setValue(QStringLiteral("Other/AppLanguage"), m_appLanguage);
+    TRACE_LEAVE;
+}
+
+QWidgetList Scrivara::mappableParts()
+{
+    QWidgetList parts{this, m_fullscreenDialog, m_viewModeDialog};
+    for (QToolBar *bar : findChildren<QToolBar *>())
+        parts.append(bar);
+    return parts;
+}
+
+/// Loading the settings shows the window and its bars long before it is complete. With this attribute they count as
+/// shown, are laid out and take focus, but no half-built window flashes on the screen.
+void Scrivara::holdMapping()
+{
+    for (QWidget *part : mappableParts())
+        part->setAttribute(Qt::WA_DontShowOnScreen);
+}
+
+/// Ends what holdMapping() began; returns the windows beside this one that should come on the screen after it.
+QWidgetList Scrivara::releaseMapping()
+{
+    QWidgetList waiting;
+    for (QWidget *part : mappableParts()) {
+        const bool shownUnseen = part->testAttribute(Qt::WA_DontShowOnScreen) && part->isWindow() && part->isVisible();
+        if (shownUnseen)
+            part->hide();
+        part->setAttribute(Qt::WA_DontShowOnScreen, false);
+        if (shownUnseen && part != this)
+            waiting.append(part);
+    }
+    return waiting;
+}
+
+void Scrivara::showWindow()
+{
+    TRACE_ENTER_ON(logInfo);
+    const QWidgetList waiting = releaseMapping();
+    const QSettings settings;
+    if (settings.value(QStringLiteral("General/WindowMaximized"), true).toBool()) {
+        showMaximized();
+    } else {
+        resize(settings.value(QStringLiteral("General/WindowSize"), QSize(1000, 800)).toSize());
+        move(settings.value(QStringLiteral("General/WindowPosition"), QPoint(50, 50)).toPoint());
+        showNormal();
+    }
+    for (QWidget *part : waiting)
+        part->show();
+    TRACE_LEAVE_ON(logInfo);
+}

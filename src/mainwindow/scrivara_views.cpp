@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/scrivara.h"
+
+#include "app/eventlog.h"
+#include "documents/page.h"
+#include "documents/pagestack.h"
+#include "documents/pageview.h"
+#include "mainwindow/actiontables.h"
+#include "widgets/dontdialog.h"
+#include "widgets/fullscreendialog.h"
+#include "widgets/viewmodedialog.h"
+
+#include <QComboBox>
+#include <QToolBar>
+
+namespace {
+
+constexpr int zoomStep = 25;     ///< Percent between two entries of the zoom box.
+constexpr int largestZoom = 200; ///< Percent of the last entry.
+
+int zoomPercent(int index)
+{
+    return (index + 1) * zoomStep;
+}
+
+bool isZoomPercent(int percent)
+{
+    return percent > 0 && percent <= largestZoom;
+}
+
+} // namespace
+
+/// Which bars are on show.
+struct WindowLayout
+{
+    bool menuBar;
+    bool statusBar;
+    bool fileEditViewHelp;
+    bool modeNormTools;
+    bool shapesLinesBrackets;
+    bool stdTools;
+    bool search;
+};
+
+namespace {
+
+constexpr WindowLayout standardLayout{true, true, true, true, true, true, true};
+constexpr WindowLayout compactLayout{true, false, false, true, false, true, false};
+constexpr WindowLayout bareLayout{false, false, false, false, false, false, false};
+
+} // namespace
+
+void Scrivara::applyLayout(const WindowLayout &layout)
+{
+    const std::pair<QWidget *, bool> bars[]{
+        {mainMenuBar, layout.menuBar},
+        {statusbar, layout.statusBar},
+        {m_fileToolBar, layout.fileEditViewHelp},
+        {m_editToolBar, layout.fileEditViewHelp},
+        {m_viewToolBar, layout.fileEditViewHelp},
+        {m_helpToolBar, layout.fileEditViewHelp},
+        {m_modeToolBar, layout.modeNormTools},
+        {m_normToolsToolBar, layout.modeNormTools},
+        {m_shapesToolBar, layout.shapesLinesBrackets},
+        {m_linesToolBar, layout.shapesLinesBrackets},
+        {m_bracketsToolBar, layout.shapesLinesBrackets},
+        {m_stdToolsToolBar, layout.stdTools},
+        {m_searchToolBar, layout.search},
+    };
+    for (const auto &[bar, shown] : bars)
+        bar->setVisible(shown);
+}
+
+void Scrivara::switchView(int toWhat)
+{
+    if (toWhat < StandardView || toWhat > MinimalView)
+        return;
+    TRACE_ENTER;
+    if (toWhat == StandardView)
+        showStandardView(false);
+    else if (toWhat == CompactView)
+        showCompactView(false);
+    else
+        showMinimalView(false);
+    m_viewMode = toWhat;
+    TRACE_LEAVE;
+}
+
+void Scrivara::showStandardView(bool updateActions)
+{
+    if (updateActions)
+        checkViewAction(StandardView);
+    resetPopupMenu();
+    menuTool->setTearOffEnabled(true);
+    applyLayout(standardLayout);
+    m_viewModeDialog->hide();
+    showRestored();
+}
+
+void Scrivara::showCompactView(bool updateActions)
+{
+    if (updateActions)
+        checkViewAction(CompactView);
+    resetPopupMenu();
+    menuTool->setTearOffEnabled(true);
+    applyLayout(compactLayout);
+    m_viewModeDialog->hide();
+    showRestored();
+}
+
+void Scrivara::showMinimalView(bool updateActions)
+{
+    if (updateActions)
+        checkViewAction(MinimalView);
+    m_viewModeDialog->show();
+    applyLayout(bareLayout);
+    menuTool->setTearOffEnabled(false);
+    addToolMenuToPopup();
+    showRestored();
+}
+
+void Scrivara::checkViewAction(ViewMode mode)
+{
+    // The group unchecks the other two; the mapper then runs switchView() for the old and the new layout.
+    (this->*ActionTables::views[mode])->setChecked(true);
+}
+
+void Scrivara::showRestored()
+{
+    if (windowState() == Qt::WindowMaximized)
+        showMaximized();
+    else
+        showNormal();
+}
+
+void Scrivara::resetPopupMenu()
+{
+    m_popupMenu->clear();
+    m_popupMenu->addAction(actionCut);
+    m_popupMenu->addAction(actionCopy);
+    m_popupMenu->addAction(actionPaste);
+    m_popupMenu->addSeparator();
+    m_popupMenu->addAction(actionFullScreen);
+}
+
+void Scrivara::addToolMenuToPopup()
+{
+    m_popupMenu->addSeparator();
+    m_popupMenu->addMenu(menuTool);
+}
+
+void Scrivara::fullScreenMode(bool fullScreen)
+{
+    TRACE_ENTER;
+    if (fullScreen) {
+        applyLayout(bareLayout);
+        showFullScreen();
+        m_fullScreen = true;
+        menuTool->setTearOffEnabled(false);
+        addToolMenuToPopup();
+        m_fullscreenDialog->show();
+        TRACE_LEAVE;
+        return;
+    }
+    resetPopupMenu();
+    menuTool->setTearOffEnabled(true);
+    applyLayout(standardLayout);
+    showNormal();
+    actionFullScreen->setChecked(false);
+    m_fullScreen = false;
+    m_fullscreenDialog->hide();
+    TRACE_LEAVE;
+}
+
+void Scrivara::toggleFullScreen()
+{
+    fullScreenMode(!isFullScreen());
+}
+
+bool Scrivara::isFullScreen() const
+{
+    return m_fullScreen;
+}
+
+void Scrivara::zoomIn()
+{
+    const PageView *view = currentView();
+    if (view == nullptr)
+        return;
+    TRACE_ENTER;
+    (logTrace << "Zoom-in").eol(0);
+    const int index = m_zoomBox->currentIndex() + 1;
+    if (index < m_zoomBox->count())
+        m_zoomBox->setCurrentIndex(index);
+    TRACE_LEAVE;
+}
+
+void Scrivara::zoomOut()
+{
+    const PageView *view = currentView();
+    if (view == nullptr)
+        return;
+    TRACE_ENTER;
+    const int index = m_zoomBox->currentIndex() - 1;
+    if (isZoomPercent(zoomPercent(index)))
+        m_zoomBox->setCurrentIndex(index);
+    TRACE_LEAVE;
+}
+
+void Scrivara::changeSize()
+{
+    PageView *view = currentView();
+    if (view == nullptr)
+        return;
+    TRACE_ENTER;
+    const int percent = zoomPercent(m_zoomBox->currentIndex());
+    if (isZoomPercent(percent))
+        view->setZoom(percent);
+    TRACE_LEAVE;
+}
+
+void Scrivara::hideAnnotations(bool hide)
+{
+    Page *page = currentPage();
+    if (page == nullptr)
+        return;
+    TRACE_ENTER;
+    page->setAnnotationsHidden(hide);
+    currentView()->invalidateScene(QRectF(), QGraphicsScene::AllLayers);
+    TRACE_LEAVE;
+}
+
+void Scrivara::removeAllAnnotations()
+{
+    Page *page = currentPage();
+    if (page == nullptr)
+        return;
+    TRACE_ENTER;
+    DontDialog question(tr("Warning"),
+                        tr("All annotations will be removed! There is no way to revert the operation. \n"
+                           "Do you want to continue?"),
+                        1, QStringLiteral("General/WarnRemoveAllAnnotations"), this);
+    if (question.exec() != 1) {
+        TRACE_LEAVE;
+        return;
+    }
+    page->removeAnnotations();
+    page->setModified(true);
+    page->clearUndoStack();
+    TRACE_LEAVE;
+}
+
+void Scrivara::showSearchToolBar()
+{
+    if (m_pageStack == nullptr || m_pageStack->currentIndex() < 0)
+        return;
+    TRACE_ENTER;
+    if (m_searchToolBar->isHidden())
+        m_searchToolBar->show();
+    m_searchBox->setFocus();
+    TRACE_LEAVE;
+}
