@@ -21,8 +21,8 @@ namespace {
 
 constexpr int firstRingLevel = 6;
 
-std::ofstream logFile;
-std::ofstream dumpFile;
+std::ofstream eventLogStream;
+std::ofstream ringDumpStream;
 
 // True until the first text comes, which has no line before it that could have written its prefix.
 bool logLineStart = true;
@@ -30,7 +30,7 @@ bool ringLineStart = true;
 
 } // namespace
 
-RingBuffer ringBuffer(500, &logFile);
+RingBuffer ringBuffer(500, &eventLogStream);
 
 namespace {
 
@@ -73,8 +73,8 @@ EventLog &EventLog::operator<<(const char *text)
         ringLineStart = false;
     } else {
         if (logLineStart)
-            logFile << prefix();
-        logFile << text;
+            eventLogStream << prefix();
+        eventLogStream << text;
         logLineStart = false;
     }
     return *this;
@@ -93,15 +93,15 @@ EventLog &EventLog::eol(int code)
         ringBuffer.push(line.c_str());
         line = prefix();
     } else {
-        logFile << std::endl << prefix();
+        eventLogStream << std::endl << prefix();
     }
     return *this;
 }
 
 bool openLogFiles(const std::string &logName, const std::string &dumpName)
 {
-    const bool logOpen = openEmpty(logFile, logName);
-    const bool dumpOpen = openEmpty(dumpFile, dumpName);
+    const bool logOpen = openEmpty(eventLogStream, logName);
+    const bool dumpOpen = openEmpty(ringDumpStream, dumpName);
     return logOpen && dumpOpen;
 }
 
@@ -124,9 +124,9 @@ void writeLogHeader()
 
 void dumpRingBuffer(bool showMessage)
 {
-    dumpFile.seekp(0);
-    ringBuffer.dump(dumpFile);
-    dumpFile << ringEndMarker << std::flush;
+    ringDumpStream.seekp(0);
+    ringBuffer.dump(ringDumpStream);
+    ringDumpStream << ringEndMarker << std::flush;
     if (showMessage)
         QMessageBox::critical(nullptr, crashTitle(), crashText(), QMessageBox::Ok);
 }

@@ -1,8 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/crashfilter.h"
+#include "app/eventlog.h"
+#include "app/inputfiles.h"
+#include "app/messagehandler.h"
+
 #include <QApplication>
 
 int main(int argc, char **argv)
 {
+    constexpr char dumpName[] = "sys/logs/dumped.dat";
+    installCrashFilter(dumpName);
+    qInstallMessageHandler(messageHandler);
+    openLogFiles("sys/logs/log.dat", dumpName);
+    writeLogHeader();
+    (logInfo << "Kestrin 7 start-up phase").eol(0);
+
     const QApplication app(argc, argv);
+    QCoreApplication::processEvents();
+    QStringList files = inputFiles(argc, argv);
     return 0;
 }
