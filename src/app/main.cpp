@@ -3,6 +3,7 @@
 #include "app/eventlog.h"
 #include "app/inputfiles.h"
 #include "app/messagehandler.h"
+#include "mainwindow/scrivara.h"
 
 #include <QApplication>
 
@@ -18,5 +19,9 @@ int main(int argc, char **argv)
     const QApplication app(argc, argv);
     QCoreApplication::processEvents();
     QStringList files = inputFiles(argc, argv);
-    return 0;
+    (logInfo << "Main window creation").eol(0);
+    Scrivara window(files, nullptr); // opens the files; keeps the list by reference
+    window.showWindow();
+    (logInfo << "Start the main event loop").eol(0);
+    return QApplication::exec();
 }

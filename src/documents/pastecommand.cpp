@@ -4,6 +4,8 @@
 #include "annotations/annotation.h"
 #include "documents/page.h"
 
+#include <QGraphicsItem>
+
 PasteCommand::PasteCommand(Page *page, const QList<Annotation *> &annotations, QUndoCommand *parent)
     : QUndoCommand(parent), m_page(page)
 {
