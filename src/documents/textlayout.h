@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "documents/linetable.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QFont>
+#include <QSizeF>
+
+#include <memory>
+#include <vector>
+
+class QTextBlock;
+class QTextLayout;
+class TextMeter;
+
+/// Layout of a document of plain, unwrapped text, for texts of any length.
+///
+/// Stands in for Qt's own layout (`document->setDocumentLayout(new TextLayout(document))`, the document takes
+/// ownership) and gives the same pixels, positions and sizes for what it is made for: text in the document's default
+/// font, lines as long as their text, no frames, tables, lists, pictures or pages. Formats that a highlighter or an
+/// input method sets on the blocks are shown, and counted where they change the font. Coordinates are the document's:
+/// pixels from its upper left corner, the document margin included.
+///
+/// A change of the text costs what the changed lines cost, wherever they are. Size and places of lines are always
+/// exact, of every line. Only lines that a caret, a search or formats ask for get a QTextLayout of their own; plain
+/// lines are laid out for the moment they are painted.
+class TextLayout : public QAbstractTextDocumentLayout
+{
+    Q_OBJECT
+    Q_PROPERTY(int cursorWidth READ cursorWidth WRITE setCursorWidth)
+
+public:
+    explicit TextLayout(QTextDocument *document);
+    ~TextLayout() override;
+
+    /// Tells that a highlighter works on the document. To be set before text is put into the document: after a change
+    /// of many lines, formats are then looked for on each of them. Otherwise only changes of a few lines are looked
+    /// at (which sets it as soon as there is a format), because the look alone costs 300 bytes for a line.
+    void setHighlighted(bool highlighted);
+
+    /// Width of the caret in pixels, 1 at first. The text control sets and reads it by the property's name.
+    int cursorWidth() const { return m_cursorWidth; }
+    void setCursorWidth(int width) { m_cursorWidth = width; }
+
+    void draw(QPainter *painter, const PaintContext &context) override;
+    int hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const override;
+    /// 1, unless the document has a page height.
+    int pageCount() const override;
+    QSizeF documentSize() const override;
+    /// That of the whole document, for there is no other frame.
+    QRectF frameBoundingRect(QTextFrame *frame) const override;
+    /// Also lays out the block's own QTextLayout; null for a block that is not in the document.
+    QRectF blockBoundingRect(const QTextBlock &block) const override;
+
+protected:
+    void documentChanged(int from, int removed, int added) override;
+
+private:
+    struct BlockRange
+    {
+        int first;
+        int last;
+    };
+
+    double margin() const;
+    double top(int blockNumber) const;
+    QRectF clipRect(const PaintContext &context) const;
+    void drawBlock(QPainter *painter, const PaintContext &context, const QTextBlock &block, QTextLayout *layout) const;
+
+    void fitMeters();
+    std::vector<LineTable::Line> measure(BlockRange blocks);
+    LineTable::Line measureByShaping(const QTextBlock &block, bool formatted) const;
+    bool measureByTable(const QTextBlock &block, QStringView text, bool formatted, LineTable::Line *line);
+    bool advance(TextMeter &meter, QStringView text, qint64 *x) const;
+    TextMeter &meter(const QFont &font);
+
+    LineTable::Line layOut(QTextLayout *layout, const QTextBlock &block) const;
+    QTextLayout *laidOut(const QTextBlock &block) const;
+    void clearOldest() const;
+
+    LineTable m_lines;
+    QSizeF m_size;
+    int m_cursorWidth = 1;
+    bool m_highlighted = false;
+    QFont m_font;      ///< The document's, at the last measuring.
+    int m_tabStop = 0; ///< In 64ths of a pixel.
+    std::vector<std::pair<QFont, std::unique_ptr<TextMeter>>> m_meters;
+    /// Numbers of the blocks whose own QTextLayout is laid out, latest last.
+    mutable std::vector<int> m_laidOut;
+};
