@@ -6,6 +6,16 @@
 
 #include <QGraphicsItem>
 
+namespace {
+
+/// A number that no pen style can have is read as a solid line.
+Qt::PenStyle penStyleOf(int number)
+{
+    return number >= Qt::NoPen && number <= Qt::MPenStyle ? static_cast<Qt::PenStyle>(number) : Qt::SolidLine;
+}
+
+} // namespace
+
 namespace MarkFields {
 
 void writePosition(ElementWriter &writer, const QGraphicsItem &item)
@@ -45,7 +55,7 @@ QPen readPenLook(const ElementReader &reader, const QColor &color)
 {
     QPen pen(color, 0);
     pen.setWidth(reader.integer(XmlNames::penWidth, 0));
-    pen.setStyle(static_cast<Qt::PenStyle>(reader.integer(XmlNames::penStyle, Qt::SolidLine)));
+    pen.setStyle(penStyleOf(reader.integer(XmlNames::penStyle, Qt::SolidLine)));
     return pen;
 }
 

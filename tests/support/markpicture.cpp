@@ -5,6 +5,8 @@
 #include <QGraphicsScene>
 #include <QPainter>
 
+#include <cstdlib>
+
 namespace MarkPicture {
 
 namespace {
@@ -14,6 +16,12 @@ QImage whitePicture(const QRectF &area)
     QImage image(area.size().toSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     return image;
+}
+
+bool isNear(QRgb a, QRgb b, int tolerance)
+{
+    return std::abs(qRed(a) - qRed(b)) <= tolerance && std::abs(qGreen(a) - qGreen(b)) <= tolerance &&
+           std::abs(qBlue(a) - qBlue(b)) <= tolerance && std::abs(qAlpha(a) - qAlpha(b)) <= tolerance;
 }
 
 } // namespace
@@ -40,7 +48,7 @@ QImage ofPainting(const QRectF &area, const std::function<void(QPainter &)> &pai
     return image;
 }
 
-QString difference(const QImage &actual, const QImage &expected)
+QString difference(const QImage &actual, const QImage &expected, int tolerance)
 {
     if (actual.size() != expected.size())
         return QStringLiteral("the pictures differ in size");
@@ -48,7 +56,7 @@ QString difference(const QImage &actual, const QImage &expected)
     QString first;
     for (int y = 0; y < actual.height(); ++y) {
         for (int x = 0; x < actual.width(); ++x) {
-            if (actual.pixel(x, y) == expected.pixel(x, y))
+            if (isNear(actual.pixel(x, y), expected.pixel(x, y), tolerance))
                 continue;
             if (count++ == 0)
                 first = QStringLiteral("pixel (%1, %2) is %3 instead of %4")

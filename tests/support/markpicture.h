@@ -17,7 +17,7 @@ namespace MarkPicture {
 QImage ofItem(QGraphicsItem *item, const QRectF &area, bool selected = false);
 /// A white picture of the same area, painted by @p paint in scene coordinates.
 QImage ofPainting(const QRectF &area, const std::function<void(QPainter &)> &paint);
-/// Empty if both are the same; otherwise where the first difference is.
-QString difference(const QImage &actual, const QImage &expected);
+/// Empty if both are the same, up to @p tolerance in each colour component; otherwise where the first difference is.
+QString difference(const QImage &actual, const QImage &expected, int tolerance = 0);
 
 } // namespace MarkPicture
