@@ -57,7 +57,7 @@ struct CrashPlan
 } crashPlan;
 
 /// An overflow of the main stack leaves no room on it.
-alignas(16) std::array<char, 64 * 1024> faultStack;
+alignas(16) std::array<char, 65536> faultStack;
 volatile std::sig_atomic_t faultNumber = 0;
 
 void restoreDefaultActions()
