@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/brackettool.h"
 
+#include "annotations/bracketann.h"
+#include "annotations/markitem.h"
 #include "tools/cursorpicture.h"
 #include "tools/penstyles.h"
 
@@ -28,5 +30,11 @@ Qt::PenStyle BracketTool::penStyle(const QString &name, Qt::PenStyle current) co
 
 Annotation *BracketTool::createAnnotation() const
 {
-    return nullptr;
+    // The tool's antialiasing is not handed on: brackets keep the one they are made with.
+    auto *bracket = new BracketAnn;
+    bracket->setLinePen(pen());
+    MarkItem::makeHandy(*bracket);
+    if (kind() == 0 || kind() == 1)
+        bracket->setStyle(kind());
+    return bracket;
 }

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/dragtool.h"
 
+#include "annotations/annotation.h"
+#include "app/eventlog.h"
+#include "documents/page.h"
+
+#include <QGraphicsSceneMouseEvent>
+
 DragTool::DragTool(int kind, const Traits &traits, bool followsSettings)
     : DrawingTool(followsSettings), m_kind(kind), m_traits(traits)
 {
@@ -11,6 +17,34 @@ int DragTool::kind() const
     return m_kind;
 }
 
-void DragTool::mousePressed(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
-void DragTool::mouseMoved(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
-void DragTool::mouseReleased(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
+void DragTool::mousePressed(QGraphicsSceneMouseEvent *event, Page *page)
+{
+    (logTrace << m_traits.pressedText).eol(0);
+    m_page = page;
+    m_pressPoint = event->scenePos();
+    setAnnotation(createAnnotation());
+}
+
+void DragTool::mouseMoved(QGraphicsSceneMouseEvent *event, Page * /*page*/)
+{
+    if (!annotation())
+        return;
+    stretch(m_pressPoint, event->scenePos());
+    if (m_page)
+        m_page->invalidate();
+}
+
+void DragTool::mouseReleased(QGraphicsSceneMouseEvent *event, Page * /*page*/)
+{
+    (logTrace << m_traits.releasedText).eol(0);
+    m_page = nullptr;
+    if (!annotation())
+        return;
+    const QPointF way = event->scenePos() - m_pressPoint;
+    if (QPointF::dotProduct(way, way) < m_traits.minimumDistance) {
+        discardAnnotation();
+        return;
+    }
+    stretch(m_pressPoint, event->scenePos());
+    normalize();
+}

@@ -4,6 +4,7 @@
 #include "tools/drawingtool.h"
 
 #include <QPointF>
+#include <QPointer>
 
 /// Drawing from the point of the press to the point of the release: lines, brackets and shapes.
 class DragTool : public DrawingTool
@@ -35,6 +36,6 @@ protected:
 private:
     int m_kind;
     Traits m_traits;
-    Page *m_page = nullptr; ///< Page of the running gesture.
-    QPointF m_pressPoint;   ///< Scene coordinates.
+    QPointer<Page> m_page; ///< Page of the running gesture.
+    QPointF m_pressPoint;  ///< Scene coordinates.
 };

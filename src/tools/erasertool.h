@@ -3,6 +3,8 @@
 
 #include "tools/tool.h"
 
+#include <QPointer>
+
 /// Removes marks by a click. The scene's own selection decides which: whatever is selected at the release goes.
 class EraserTool : public Tool
 {
@@ -16,5 +18,5 @@ public:
     void mouseReleased(QGraphicsSceneMouseEvent *event, Page *page) override;
 
 private:
-    Page *m_page = nullptr; ///< Page of the running gesture.
+    QPointer<Page> m_page; ///< Page of the running gesture.
 };

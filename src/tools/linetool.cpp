@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/linetool.h"
 
+#include "annotations/lineann.h"
+#include "annotations/markitem.h"
 #include "tools/cursorpicture.h"
 #include "tools/penstyles.h"
 
@@ -22,5 +24,12 @@ Qt::PenStyle LineTool::penStyle(const QString &name, Qt::PenStyle current) const
 
 Annotation *LineTool::createAnnotation() const
 {
-    return nullptr;
+    constexpr int lastStyle = 7;
+    auto *line = new LineAnn;
+    line->setLinePen(pen());
+    line->setAntialiasing(antialiasing());
+    MarkItem::makeHandy(*line);
+    if (kind() >= 0 && kind() <= lastStyle)
+        line->setStyle(kind());
+    return line;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/markertool.h"
 
+#include "annotations/markerline.h"
 #include "tools/cursorpicture.h"
 #include "tools/toolsettings.h"
 
@@ -48,5 +49,5 @@ QCursor MarkerTool::makeCursor()
 
 Stroke *MarkerTool::createStroke() const
 {
-    return nullptr;
+    return new MarkerLine;
 }

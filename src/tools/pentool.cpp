@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/pentool.h"
 
+#include "annotations/penline.h"
+#include "app/eventlog.h"
 #include "tools/cursorpicture.h"
 #include "tools/toolsettings.h"
 
@@ -18,6 +20,7 @@ void PenTool::updateSettings()
 {
     if (!followsSettings())
         return;
+    (logTrace << "Updating PenTool settings").eol(0);
     const QSettings settings;
     applyLook(ToolSettings::lineWidth(settings, QStringLiteral("PenTool/LineWidth"), 0),
               ToolSettings::alpha(settings, QStringLiteral("PenTool/Transparency"), 60));
@@ -51,5 +54,5 @@ QCursor PenTool::makeCursor()
 
 Stroke *PenTool::createStroke() const
 {
-    return nullptr;
+    return new PenLine;
 }

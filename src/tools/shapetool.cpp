@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/shapetool.h"
 
+#include "annotations/ellipseann.h"
+#include "annotations/markitem.h"
+#include "annotations/rectangleann.h"
 #include "tools/cursorpicture.h"
 #include "tools/penstyles.h"
 #include "tools/toolsettings.h"
 
+#include <QAbstractGraphicsShapeItem>
 #include <QSettings>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -53,11 +60,39 @@ QCursor ShapeTool::makeCursor()
 
 Annotation *ShapeTool::createAnnotation() const
 {
-    return nullptr;
+    ShapeAnn *shape = createShape();
+    shape->item().setPen(pen());
+    shape->item().setBrush(brush());
+    shape->setAntialiasing(antialiasing());
+    MarkItem::makeHandy(shape->item());
+    return shape;
 }
 
-void ShapeTool::stretch(const QPointF & /*from*/, const QPointF & /*to*/) {}
-void ShapeTool::normalize() {}
+ShapeAnn *ShapeTool::createShape() const
+{
+    if (kind() == ellipseKind)
+        return new EllipseAnn;
+    auto *rectangle = new RectangleAnn;
+    rectangle->setRounded(kind() == roundedRectangleKind);
+    return rectangle;
+}
+
+void ShapeTool::stretch(const QPointF &from, const QPointF &to)
+{
+    const double left = std::min(from.x(), to.x());
+    const double top = std::min(from.y(), to.y());
+    shape()->setBox(QRectF(left, top, std::abs(to.x() - from.x()), std::abs(to.y() - from.y())));
+}
+
+void ShapeTool::normalize()
+{
+    shape()->moveToOrigin(shape()->box().topLeft());
+}
+
+ShapeAnn *ShapeTool::shape() const
+{
+    return static_cast<ShapeAnn *>(annotation());
+}
 
 void ShapeTool::setBrushAlpha(int alpha)
 {

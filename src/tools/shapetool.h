@@ -3,6 +3,8 @@
 
 #include "tools/dragtool.h"
 
+class ShapeAnn;
+
 /// Draws rectangles and ellipses.
 class ShapeTool : public DragTool
 {
@@ -19,5 +21,7 @@ protected:
     void normalize() override;
 
 private:
+    ShapeAnn *createShape() const;
+    ShapeAnn *shape() const;
     void setBrushAlpha(int alpha);
 };

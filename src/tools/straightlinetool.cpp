@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/straightlinetool.h"
 
+#include "annotations/straightann.h"
 #include "tools/toolsettings.h"
 
 #include <QSettings>
@@ -18,5 +19,17 @@ void StraightLineTool::updateSettings()
     setAntialiasing(settings.value(QStringLiteral("LineTool/Antialiasing"), true).toBool());
 }
 
-void StraightLineTool::stretch(const QPointF & /*from*/, const QPointF & /*to*/) {}
-void StraightLineTool::normalize() {}
+void StraightLineTool::stretch(const QPointF &from, const QPointF &to)
+{
+    mark()->setLine(QLineF(from, to));
+}
+
+void StraightLineTool::normalize()
+{
+    mark()->normalizeLine();
+}
+
+StraightAnn *StraightLineTool::mark() const
+{
+    return static_cast<StraightAnn *>(annotation());
+}

@@ -3,6 +3,8 @@
 
 #include "tools/dragtool.h"
 
+class StraightAnn;
+
 /// Lines and brackets: both are drawn along a straight line and share their keys.
 class StraightLineTool : public DragTool
 {
@@ -16,4 +18,7 @@ protected:
     virtual Qt::PenStyle penStyle(const QString &name, Qt::PenStyle current) const = 0;
     void stretch(const QPointF &from, const QPointF &to) override;
     void normalize() override;
+
+private:
+    StraightAnn *mark() const;
 };

@@ -1,11 +1,56 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/stroketool.h"
 
+#include "annotations/markitem.h"
+#include "annotations/stroke.h"
+#include "app/eventlog.h"
+#include "documents/page.h"
+
+#include <QGraphicsSceneMouseEvent>
+
 StrokeTool::StrokeTool(const Traits &traits, bool followsSettings) : DrawingTool(followsSettings), m_traits(traits) {}
 
-void StrokeTool::mousePressed(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
-void StrokeTool::mouseMoved(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
-void StrokeTool::mouseReleased(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
+void StrokeTool::mousePressed(QGraphicsSceneMouseEvent *event, Page *page)
+{
+    (logTrace << m_traits.pressedText).eol(0);
+    setAnnotation(createStroke());
+    stroke()->setPos(event->scenePos());
+    stroke()->setPen(pen());
+    stroke()->setAntialiasing(antialiasing());
+    MarkItem::makeHandy(*stroke());
+    m_page = page;
+    m_pressPoint = event->scenePos();
+}
+
+void StrokeTool::mouseMoved(QGraphicsSceneMouseEvent *event, Page * /*page*/)
+{
+    if (!annotation())
+        return;
+    stroke()->addPoint(event->scenePos());
+    if (m_page) {
+        const double side = m_traits.repaintSide;
+        m_page->invalidate(event->scenePos().x() - side / 2, event->scenePos().y() - side / 2, side, side);
+    }
+}
+
+void StrokeTool::mouseReleased(QGraphicsSceneMouseEvent *event, Page * /*page*/)
+{
+    (logTrace << m_traits.releasedText).eol(0);
+    m_page = nullptr;
+    if (!annotation())
+        return;
+    stroke()->finishCapture(true);
+    if (isClick(event->scenePos()))
+        discardAnnotation();
+    else if (smoothing())
+        stroke()->smooth();
+}
+
+bool StrokeTool::isClick(const QPointF &releasePoint) const
+{
+    const QPointF way = releasePoint - m_pressPoint;
+    return QPointF::dotProduct(way, way) < 3 && stroke()->polygon().size() < m_traits.minimumPoints;
+}
 
 void StrokeTool::applyLook(int width, int alpha)
 {
@@ -15,4 +60,9 @@ void StrokeTool::applyLook(int width, int alpha)
     color.setAlpha(alpha);
     look.setColor(color);
     setPen(look);
+}
+
+Stroke *StrokeTool::stroke() const
+{
+    return static_cast<Stroke *>(annotation());
 }

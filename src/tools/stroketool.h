@@ -4,6 +4,7 @@
 #include "tools/drawingtool.h"
 
 #include <QPointF>
+#include <QPointer>
 
 class Stroke;
 
@@ -32,8 +33,10 @@ protected:
     void applyLook(int width, int alpha);
 
 private:
+    Stroke *stroke() const;
+    bool isClick(const QPointF &releasePoint) const;
+
     Traits m_traits;
-    Page *m_page = nullptr;     ///< Page of the running gesture.
-    QPointF m_pressPoint;       ///< Scene coordinates.
-    Stroke *m_stroke = nullptr; ///< The tool's annotation() by its own type.
+    QPointer<Page> m_page; ///< Page of the running gesture.
+    QPointF m_pressPoint;  ///< Scene coordinates.
 };
