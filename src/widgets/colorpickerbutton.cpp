@@ -70,10 +70,10 @@ void ColorPickerButton::paintEvent(QPaintEvent * /*event*/)
     drawFrame(&painter);
     painter.fillRect(contentsRect(), palette().button());
 
-    painter.setPen(QPen(palette().buttonText(), 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    // Three dots: rectangles of 1 by 1 outlined with a pen of width 1, which makes squares of 2 by 2.
     const QPoint middle(width() / 2 - 1, height() / 2 - 1);
     for (const int offset : {-4, 0, 4})
-        painter.drawRect(middle.x() + offset, middle.y(), 1, 1);
+        painter.fillRect(middle.x() + offset, middle.y(), 2, 2, palette().buttonText());
 
     if (hasFocus()) {
         painter.setPen(QPen(Qt::black, 0));

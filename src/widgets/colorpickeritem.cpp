@@ -84,8 +84,11 @@ void ColorPickerItem::paintEvent(QPaintEvent * /*event*/)
         painter.drawRect(outlineOf(rect(), 1));
     }
     painter.setPen(blackPen);
+    // One call for outline and filling: at higher device pixel ratios the outline is one device pixel wide, and a
+    // filling of its own would leave a gap.
+    painter.setBrush(m_color);
     painter.drawRect(outlineOf(rect(), 3));
-    painter.fillRect(rect().adjusted(4, 4, -4, -4), m_color);
+    painter.setBrush(Qt::NoBrush);
     if (hasFocus())
         painter.drawRect(outlineOf(rect(), 0));
 }

@@ -19,6 +19,9 @@ ColorPickerPopup::ColorPickerPopup(int columns, bool withColorDialog, QWidget *p
     setFrameStyle(StyledPanel);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
+    // Lighter than the window, so that the black outlines of the cells stand out in dark palettes too.
+    setBackgroundRole(QPalette::Light);
+    setAutoFillBackground(true);
     // A press beside the popup only closes it: handed on to the picker below, it would open it again.
     setAttribute(Qt::WA_NoMouseReplay);
     if (withColorDialog) {

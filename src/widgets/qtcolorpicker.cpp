@@ -8,7 +8,8 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
-#include <QStyle>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 
 namespace {
 
@@ -51,6 +52,7 @@ QtColorPicker::QtColorPicker(QWidget *parent, int columns, bool enableColorDialo
     connect(m_popup, &ColorPickerPopup::selected, this, &QtColorPicker::setCurrentColor);
     connect(m_popup, &ColorPickerPopup::hid, this, &QtColorPicker::popupClosed);
     connect(this, &QtColorPicker::toggled, this, &QtColorPicker::buttonPressed);
+    drawIcon(); // a button without an icon is laid out for its text
 }
 
 QColor QtColorPicker::currentColor() const
@@ -91,11 +93,17 @@ void QtColorPicker::setCurrentColor(const QColor &col)
     emit colorChanged(col);
 }
 
-void QtColorPicker::paintEvent(QPaintEvent *event)
+void QtColorPicker::paintEvent(QPaintEvent * /*event*/)
 {
     if (m_dirty || !qFuzzyCompare(m_iconRatio, devicePixelRatioF()))
         drawIcon();
-    QToolButton::paintEvent(event);
+    // As the base class paints, but with the icon at its own size: a tool bar would have it blown up to the size of
+    // its icons at higher device pixel ratios.
+    QStylePainter painter(this);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    option.iconSize = QSize(smallIconSize(), smallIconSize());
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
 }
 
 void QtColorPicker::changeEvent(QEvent *event)
@@ -154,19 +162,25 @@ QPoint QtColorPicker::popupPosition() const
     return popup.topLeft();
 }
 
+int QtColorPicker::smallIconSize() const
+{
+    return style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+}
+
 void QtColorPicker::drawIcon()
 {
     m_dirty = false;
     m_iconRatio = devicePixelRatioF();
-    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    const int size = smallIconSize();
     QPixmap pixmap(QSize(size, size) * m_iconRatio);
     pixmap.setDevicePixelRatio(m_iconRatio);
     pixmap.fill(palette().color(QPalette::Button));
 
     QPainter painter(&pixmap);
-    painter.setPen(palette().color(QPalette::ButtonText));
+    painter.setPen(QPen(palette().buttonText(), 1, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(m_currentColor);
-    painter.drawRect(0, 0, size - 1, size - 1);
+    // Half a pixel inwards, so that the outline lies inside the icon at every device pixel ratio.
+    painter.drawRect(QRectF(0.5, 0.5, size - 1, size - 1));
     painter.end();
     setIcon(pixmap);
 }

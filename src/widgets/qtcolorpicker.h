@@ -46,6 +46,8 @@ private slots:
 private:
     void makeCurrent(const QColor &color);
     QPoint popupPosition() const;
+    /// Side of the icon, in logical pixels.
+    int smallIconSize() const;
     void drawIcon();
     void retranslate();
 
