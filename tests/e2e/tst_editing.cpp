@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "e2e/installedprogram.h"
+#include "support/testmain.h"
+
+#include <QTest>
+
+/// Typing, saving and closing in the real window.
+class TestEditing : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void typedTextIsOnDisk();
+    void newFileIsSavedUnderAName();
+    void closingAsksAboutAModifiedDocument();
+
+private:
+    /// Puts the caret into the document: text mode, then a click on the first line.
+    void startTyping(const InstalledProgram &program) const;
+
+    XSession m_session;
+};
+
+void TestEditing::startTyping(const InstalledProgram &program) const
+{
+    m_session.key(QStringLiteral("alt+t"));
+    const QRect window = m_session.geometry(program.window());
+    m_session.click(window.center());
+    m_session.key(QStringLiteral("ctrl+Home"));
+}
+
+void TestEditing::typedTextIsOnDisk()
+{
+    InstalledProgram program(m_session);
+    const QString path = program.writeDocument(QStringLiteral("notes.txt"), "second line\nthird line\n");
+    QVERIFY(!program.start({path}).isEmpty());
+    startTyping(program);
+    m_session.type(QStringLiteral("first line"));
+    m_session.key(QStringLiteral("Return"));
+    m_session.key(QStringLiteral("ctrl+s"));
+    QTRY_COMPARE(InstalledProgram::read(path), QByteArray("first line\nsecond line\nthird line\n"));
+    QVERIFY(program.closeRegularly());
+    QCOMPARE(InstalledProgram::read(path), QByteArray("first line\nsecond line\nthird line\n"));
+}
+
+void TestEditing::newFileIsSavedUnderAName()
+{
+    InstalledProgram program(m_session);
+    QVERIFY(!program.start().isEmpty());
+    m_session.key(QStringLiteral("ctrl+n"));
+    QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7 [noname]"));
+    m_session.type(QStringLiteral("hello"));
+    m_session.key(QStringLiteral("ctrl+s"));
+    QVERIFY(!m_session.waitForWindow(QStringLiteral("^Save As File$")).isEmpty());
+    const QString path = program.document(QStringLiteral("fresh.txt"));
+    m_session.key(QStringLiteral("ctrl+a"));
+    m_session.type(path);
+    m_session.key(QStringLiteral("Return"));
+    QTRY_COMPARE(InstalledProgram::read(path), "hello" + QByteArray(60, ' '));
+    QTRY_VERIFY(m_session.title(program.window()).contains(path));
+    QVERIFY(program.closeRegularly());
+}
+
+void TestEditing::closingAsksAboutAModifiedDocument()
+{
+    InstalledProgram program(m_session);
+    const QString path = program.writeDocument(QStringLiteral("kept.txt"), "as it was\n");
+    QVERIFY(!program.start({path}).isEmpty());
+    startTyping(program);
+    m_session.type(QStringLiteral("x"));
+
+    m_session.close(program.window());
+    QString question = m_session.waitForWindow(QStringLiteral("^Kestrin 7$"));
+    QVERIFY(!question.isEmpty());
+    m_session.key(QStringLiteral("Escape"));
+    QTRY_VERIFY(m_session.windows(QStringLiteral("^Kestrin 7$")).isEmpty());
+    QVERIFY2(program.isRunning(), "Cancel keeps the program");
+
+    m_session.close(program.window());
+    question = m_session.waitForWindow(QStringLiteral("^Kestrin 7$"));
+    QVERIFY(!question.isEmpty());
+    m_session.key(QStringLiteral("Return"));
+    QVERIFY(program.waitForExit());
+    QCOMPARE(InstalledProgram::read(path), QByteArray("xas it was\n"));
+}
+
+REGISTER_TEST(TestEditing)
+#include "tst_editing.moc"

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "e2e/installedprogram.h"
+#include "support/testmain.h"
+
+#include <QDir>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <csignal>
+
+/// The real binary from start to end: command line, logs, folders, crash record.
+class TestStartStop : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void startsWithoutFiles();
+    void opensFilesOfTheCommandLine();
+    void usesTwentyArgumentsAtMost();
+    void logsNothingFromAnotherFolder();
+    void emptiesTheTemporaryFolder();
+    void keepsWindowGeometry();
+    void survivesWhatCannotBeOpened();
+    void leavesACompleteRecordWhenKilled();
+
+private:
+    XSession m_session;
+};
+
+static QStringList logLines(const InstalledProgram &program)
+{
+    return QString::fromLatin1(InstalledProgram::read(program.folder() + "/sys/logs/log.dat")).split('\n');
+}
+
+/// The text of a log line behind its "[L0 hh:mm:ss] ".
+static QString logText(const QString &line)
+{
+    static const QRegularExpression prefix(QStringLiteral("^\\[L0 \\d\\d:\\d\\d:\\d\\d\\] "));
+    return prefix.match(line).hasMatch() ? QString(line).remove(prefix) : QStringLiteral("no prefix: ") + line;
+}
+
+static QByteArray picture(QSize size, QColor color)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("picture.png"));
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    image.save(path);
+    return InstalledProgram::read(path);
+}
+
+static int countColor(const QImage &image, QColor color)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixel(x, y) == color.rgb() ? 1 : 0;
+    }
+    return count;
+}
+
+void TestStartStop::startsWithoutFiles()
+{
+    InstalledProgram program(m_session);
+    QVERIFY(!program.start().isEmpty());
+    QCOMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7"));
+    QVERIFY(program.closeRegularly());
+
+    const QStringList lines = logLines(program);
+    QVERIFY(lines.size() > 20);
+    QCOMPARE(logText(lines.at(0)), QString(71, '-'));
+    QCOMPARE(logText(lines.at(8)).section(':', 0, 0), QStringLiteral("Windows version"));
+    QCOMPARE(logText(lines.at(9)), QStringLiteral("Word size: 32"));
+    QCOMPARE(logText(lines.at(10)), QStringLiteral("Byte ordering: 1"));
+    QCOMPARE(logText(lines.at(11)), QStringLiteral("Kestrin 7 start-up phase"));
+    QCOMPARE(logText(lines.at(12)), QStringLiteral("Main window creation"));
+    QVERIFY(!lines.join('\n').contains(QLatin1String("List of the input files processed")));
+    // The prefix of a line that never came.
+    QCOMPARE(logText(lines.last()), QString());
+    QCOMPARE(logText(lines.at(lines.size() - 2)), QStringLiteral("Start the main event loop"));
+
+    const QByteArray dump = InstalledProgram::read(program.folder() + "/sys/logs/dumped.dat");
+    QVERIFY(dump.startsWith("[R6 "));
+    QVERIFY(dump.endsWith("\n---- RB END ----"));
+    QCOMPARE(program.setting(QStringLiteral("Other/AppLanguage")).toString(), QStringLiteral("default"));
+}
+
+void TestStartStop::opensFilesOfTheCommandLine()
+{
+    InstalledProgram program(m_session);
+    const QString source = program.writeDocument(QStringLiteral("page.cpp"), "int main()\n{\n    return 0;\n}\n");
+    const QString notes = program.writeDocument(QStringLiteral("R\u00e9sum\u00e9 50% done.md"), "# Notes\n");
+    const QColor green(12, 200, 40);
+    const QString photo = program.writeDocument(QStringLiteral("photo.png"), picture(QSize(300, 200), green));
+    QVERIFY(!program.start({source, notes, photo, source}).isEmpty());
+    // The second mention of the source brings its tab forward without another tab or a new title entry.
+    QTRY_VERIFY(m_session.title(program.window()).startsWith(QLatin1String("Kestrin 7 [") + source));
+    // Three tabs: closing three times ends with the bare title, closing twice does not.
+    m_session.key(QStringLiteral("ctrl+w"));
+    QTRY_VERIFY(!m_session.title(program.window()).contains(source));
+    QTRY_VERIFY(countColor(m_session.grab(), green) == 300 * 200 || m_session.title(program.window()).contains(notes));
+    m_session.key(QStringLiteral("ctrl+w"));
+    QTRY_VERIFY(m_session.title(program.window()).contains(QLatin1Char('[')));
+    m_session.key(QStringLiteral("ctrl+w"));
+    QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7"));
+    QVERIFY(program.closeRegularly());
+
+    const QString log = logLines(program).join('\n');
+    QVERIFY(log.contains(QLatin1String("List of the input files processed")));
+    QVERIFY(log.contains(QLatin1String("Input file [0]: ") + source));
+    QVERIFY(log.contains(QLatin1String("Input file [2]: ") + photo));
+    const QStringList recent = program.setting(QStringLiteral("General/RecentFileList")).toStringList();
+    QCOMPARE(recent, QStringList({photo, notes, source}));
+}
+
+void TestStartStop::usesTwentyArgumentsAtMost()
+{
+    InstalledProgram program(m_session);
+    QStringList files;
+    for (int i = 1; i <= 22; ++i)
+        files.append(program.writeDocument(QStringLiteral("file%1.txt").arg(i), QByteArray::number(i)));
+    QVERIFY(!program.start(files).isEmpty());
+    QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7 [%1]").arg(files.at(19)));
+    QVERIFY(program.closeRegularly());
+    const QString log = logLines(program).join('\n');
+    QVERIFY(log.contains(QLatin1String("Input file [19]: ")));
+    QVERIFY(!log.contains(QLatin1String("Input file [20]: ")));
+}
+
+void TestStartStop::logsNothingFromAnotherFolder()
+{
+    InstalledProgram program(m_session);
+    const QTemporaryDir elsewhere;
+    program.setWorkingDirectory(elsewhere.path());
+    QVERIFY(!program.start().isEmpty());
+    QVERIFY(program.closeRegularly());
+    QVERIFY(QDir(elsewhere.path()).isEmpty());
+    QVERIFY(QDir(program.folder() + "/sys/logs").isEmpty());
+}
+
+void TestStartStop::emptiesTheTemporaryFolder()
+{
+    InstalledProgram program(m_session);
+    QVERIFY(!program.start().isEmpty());
+    const QDir temporary(program.folder() + QStringLiteral("/sys/ltmp"));
+    QVERIFY(temporary.mkdir(QStringLiteral("kept")));
+    QFile attachment(temporary.filePath(QStringLiteral("attachment.png")));
+    QVERIFY(attachment.open(QIODevice::WriteOnly));
+    attachment.close();
+    QVERIFY(program.closeRegularly());
+    QCOMPARE(temporary.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList(QStringLiteral("kept")));
+}
+
+void TestStartStop::keepsWindowGeometry()
+{
+    InstalledProgram program(m_session);
+    program.setSetting(QStringLiteral("General/WindowMaximized"), false);
+    program.setSetting(QStringLiteral("General/WindowSize"), QSize(900, 600));
+    program.setSetting(QStringLiteral("General/WindowPosition"), QPoint(120, 90));
+    QVERIFY(!program.start().isEmpty());
+    QTRY_COMPARE(m_session.geometry(program.window()).size(), QSize(900, 600));
+    QVERIFY(program.closeRegularly());
+    QCOMPARE(program.setting(QStringLiteral("General/WindowSize")).toSize(), QSize(900, 600));
+    QCOMPARE(program.setting(QStringLiteral("General/WindowMaximized")).toBool(), false);
+}
+
+void TestStartStop::survivesWhatCannotBeOpened()
+{
+    InstalledProgram program(m_session);
+    const QString good = program.writeDocument(QStringLiteral("good.txt"), "good\n");
+    const QString missing = program.document(QStringLiteral("missing.txt"));
+    program.launch({missing, good});
+    const QString box = m_session.waitForWindow(QStringLiteral("I/O Error"));
+    QVERIFY(!box.isEmpty());
+    m_session.key(QStringLiteral("Return"));
+    const QString window = m_session.waitForWindow(QStringLiteral("^Kestrin 7 \\["));
+    QVERIFY(m_session.title(window).contains(good));
+    m_session.close(window);
+    QVERIFY(program.waitForExit());
+    QCOMPARE(program.exitCode(), 0);
+}
+
+void TestStartStop::leavesACompleteRecordWhenKilled()
+{
+    InstalledProgram program(m_session);
+    QVERIFY(!program.start().isEmpty());
+    ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);
+    const QString box = m_session.waitForWindow(QStringLiteral("^Application Crashed$"));
+    QVERIFY2(!box.isEmpty(), "the crash is told");
+    const QByteArray dump = InstalledProgram::read(program.folder() + "/sys/logs/dumped.dat");
+    QVERIFY(dump.startsWith("[R6 "));
+    QVERIFY(dump.endsWith("\n---- RB END ----"));
+    QVERIFY(dump.contains("Updating menus"));
+    QVERIFY2(program.isRunning(), "the process waits for the box");
+    m_session.key(QStringLiteral("Return"));
+    QVERIFY(program.waitForExit());
+    QCOMPARE(program.exitStatus(), QProcess::CrashExit);
+    QVERIFY2(!program.setting(QStringLiteral("Other/AppLanguage")).isValid(), "settings are not saved after a crash");
+}
+
+REGISTER_TEST(TestStartStop)
+#include "tst_startstop.moc"
