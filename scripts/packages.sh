@@ -4,7 +4,7 @@
 
 packages_run=(
     g++ cmake ninja-build pkg-config ccache
-    qt6-base-dev qt6-5compat-dev libqt6svg6-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+    qt6-base-dev qt6-5compat-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
     libgl-dev libvulkan-dev
     qt6-image-formats-plugins qt6-translations-l10n
     poppler-utils fonts-liberation fonts-dejavu-core
