@@ -95,6 +95,8 @@ void Scrivara::createMainArea()
     TRACE_ENTER_ON(logInfo);
     m_pageStack = new PageStack(this);
     setCentralWidget(m_pageStack);
+    // The layout would show it later, from the event loop: too late for the view that gets the focus before.
+    m_pageStack->show();
     connect(m_pageStack, &PageStack::currentChanged, this, &Scrivara::tabChanged);
     TRACE_LEAVE_ON(logInfo);
 }

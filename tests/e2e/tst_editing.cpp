@@ -24,8 +24,8 @@ private:
 void TestEditing::startTyping(const InstalledProgram &program) const
 {
     m_session.key(QStringLiteral("alt+t"));
-    const QRect window = m_session.geometry(program.window());
-    m_session.click(window.center());
+    // The first line lies right under the tool bars, a little right of the line numbers.
+    m_session.click(m_session.geometry(program.window()).topLeft() + QPoint(120, 80));
     m_session.key(QStringLiteral("ctrl+Home"));
 }
 
