@@ -23,9 +23,11 @@ private:
 
 void TestEditing::startTyping(const InstalledProgram &program) const
 {
+    m_session.waitUntilQuiet();
     m_session.key(QStringLiteral("alt+t"));
-    // The first line lies right under the tool bars, a little right of the line numbers.
+    // The text lies right under the tool bars, a little right of the line numbers.
     m_session.click(m_session.geometry(program.window()).topLeft() + QPoint(120, 80));
+    m_session.waitUntilQuiet();
     m_session.key(QStringLiteral("ctrl+Home"));
 }
 
@@ -64,7 +66,7 @@ void TestEditing::newFileIsSavedUnderAName()
 void TestEditing::closingAsksAboutAModifiedDocument()
 {
     InstalledProgram program(m_session);
-    const QString path = program.writeDocument(QStringLiteral("kept.txt"), "as it was\n");
+    const QString path = program.writeDocument(QStringLiteral("kept.txt"), "as it was\nand stays\nfor long\n");
     QVERIFY(!program.start({path}).isEmpty());
     startTyping(program);
     m_session.type(QStringLiteral("x"));
@@ -81,7 +83,7 @@ void TestEditing::closingAsksAboutAModifiedDocument()
     QVERIFY(!question.isEmpty());
     m_session.key(QStringLiteral("Return"));
     QVERIFY(program.waitForExit());
-    QCOMPARE(InstalledProgram::read(path), QByteArray("xas it was\n"));
+    QCOMPARE(InstalledProgram::read(path), QByteArray("xas it was\nand stays\nfor long\n"));
 }
 
 REGISTER_TEST(TestEditing)

@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <utility>
+
 XSession::XSession(QSize size)
 {
     // The server writes the number of the display it found free to file descriptor 1.
@@ -107,12 +109,23 @@ QString XSession::waitForWindow(const QString &pattern, int milliseconds) const
 {
     const QDeadlineTimer limit(milliseconds);
     do {
-        const QStringList found = windows(pattern);
-        if (!found.isEmpty())
-            return found.first();
+        const QString active = tool(QStringLiteral("xdotool"), {QStringLiteral("getactivewindow")});
+        if (!active.isEmpty() && windows(pattern).contains(active))
+            return active;
         QThread::msleep(50);
     } while (!limit.hasExpired());
     return {};
+}
+
+void XSession::waitUntilQuiet() const
+{
+    const QDeadlineTimer limit(20000);
+    QImage before;
+    QImage now = grab();
+    do {
+        QThread::msleep(60);
+        before = std::exchange(now, grab());
+    } while (before != now && !limit.hasExpired());
 }
 
 QRect XSession::geometry(const QString &window) const

@@ -34,8 +34,11 @@ public:
 
     /// Visible windows whose title matches @p pattern (a regular expression), as xdotool's ids.
     QStringList windows(const QString &pattern) const;
-    /// Waits for such a window and returns its id; empty if there is none after @p milliseconds.
+    /// Waits until such a window is there and has the keyboard, and returns its id; empty if there is none after
+    /// @p milliseconds.
     QString waitForWindow(const QString &pattern, int milliseconds = 20000) const;
+    /// Waits until the screen no longer changes, that is, until the program has painted what the user did last.
+    void waitUntilQuiet() const;
     /// Outer position of a window's contents and their size.
     QRect geometry(const QString &window) const;
     QString title(const QString &window) const;
