@@ -121,8 +121,10 @@ QRectF TextLayout::blockBoundingRect(const QTextBlock &block) const
     return rect;
 }
 
-int TextLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const
+int TextLayout::hitTest(const QPointF &exactPoint, Qt::HitTestAccuracy accuracy) const
 {
+    // Qt's text engine counts in 64ths of a pixel.
+    const QPointF point(std::trunc(exactPoint.x() * 64) / 64, std::trunc(exactPoint.y() * 64) / 64);
     const int last = document()->characterCount() - 1;
     const int notHit = accuracy == Qt::ExactHit ? -1 : 0;
     if (m_lines.count() == 0 || point.y() < margin())
@@ -132,6 +134,9 @@ int TextLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) cons
     if (number > 0 && point.y() == top(number))
         --number;
     const QTextBlock block = document()->findBlockByNumber(number);
+    // Within a change the document may have fewer lines already.
+    if (!block.isValid())
+        return notHit;
     const QTextLayout *layout = laidOut(block);
     const QPointF inBlock = point - layout->position();
     if (inBlock.y() > layout->boundingRect().bottom())
@@ -233,7 +238,8 @@ void TextLayout::documentChanged(int from, int removed, int added)
     }
 
     const qint64 heightBefore = m_lines.height();
-    m_lines.replace(now.first, lastBefore - now.first + 1, measure(now));
+    m_lines.replace(now.first, lastBefore - now.first + 1,
+                    now.last - now.first < fewLines ? measureFew(now) : measureMany(now));
 
     const QSizeF size = documentSize();
     if (size != m_size) {
@@ -248,8 +254,10 @@ void TextLayout::documentChanged(int from, int removed, int added)
 
 void TextLayout::fitMeters()
 {
-    const double tabStop = document()->defaultTextOption().tabStopDistance();
-    m_tabStop = static_cast<int>((tabStop > 0 ? tabStop : defaultTabStop) * 64);
+    const QTextOption option = document()->defaultTextOption();
+    m_tabStop = static_cast<int>((option.tabStopDistance() > 0 ? option.tabStopDistance() : defaultTabStop) * 64);
+    // Right-to-left lines and visible blanks and line ends have other widths.
+    m_metersApply = option.textDirection() != Qt::RightToLeft && option.flags() == 0;
     if (document()->defaultFont() == m_font)
         return;
     m_font = document()->defaultFont();
@@ -265,24 +273,44 @@ TextMeter &TextLayout::meter(const QFont &font)
     return *m_meters.emplace_back(font, std::make_unique<TextMeter>(font)).second;
 }
 
-std::vector<LineTable::Line> TextLayout::measure(BlockRange blocks)
+std::vector<LineTable::Line> TextLayout::measureFew(BlockRange blocks)
 {
-    const bool few = blocks.last - blocks.first < fewLines;
-    const bool lookAtFormats = few || m_highlighted;
-    const QTextBlock first = document()->findBlockByNumber(blocks.first);
-    const QString content = few ? QString() : textOf(first, document()->findBlockByNumber(blocks.last));
+    std::vector<LineTable::Line> lines;
+    QTextBlock block = document()->findBlockByNumber(blocks.first);
+    for (int number = blocks.first; number <= blocks.last; ++number, block = block.next()) {
+        block.clearLayout();
+        // The caret is likely to be there and to ask for it next.
+        LineTable::Line line = layOut(block.layout(), block);
+        m_laidOut.push_back(number);
+        line.formatted = isFormatted(block.layout());
+        m_highlighted = m_highlighted || (line.formatted && block.layout()->preeditAreaText().isEmpty());
+        lines.push_back(line);
+    }
+    return lines;
+}
 
+std::vector<LineTable::Line> TextLayout::measureMany(BlockRange blocks)
+{
+    const QTextBlock first = document()->findBlockByNumber(blocks.first);
+    const QString content = textOf(first, document()->findBlockByNumber(blocks.last));
     std::vector<LineTable::Line> lines;
     lines.reserve(static_cast<size_t>(blocks.last - blocks.first + 1));
+    // Nearly all blocks have the same format, known by its index.
+    int plainFormat = -1;
+    const auto isPlain = [&plainFormat](const QTextBlock &block) {
+        if (block.blockFormatIndex() != plainFormat && block.blockFormat().layoutDirection() == Qt::LayoutDirectionAuto)
+            plainFormat = block.blockFormatIndex();
+        return block.blockFormatIndex() == plainFormat;
+    };
     qsizetype start = 0;
     QTextBlock block = first;
-    for (int i = blocks.first; i <= blocks.last; ++i, block = block.next()) {
+    for (int number = blocks.first; number <= blocks.last; ++number, block = block.next()) {
         block.clearLayout();
-        const bool formatted = lookAtFormats && isFormatted(block.layout());
-        m_highlighted = m_highlighted || (formatted && block.layout()->preeditAreaText().isEmpty());
-        LineTable::Line line;
         const qsizetype length = block.length();
-        if (few || !measureByTable(block, QStringView(content).mid(start, length - 1), formatted, &line))
+        const bool formatted = m_highlighted && isFormatted(block.layout());
+        LineTable::Line line;
+        if (!m_metersApply || !isPlain(block) ||
+            !measureByTable(block, QStringView(content).mid(start, length - 1), formatted, &line))
             line = measureByShaping(block, formatted);
         line.formatted = formatted;
         lines.push_back(line);
@@ -293,10 +321,13 @@ std::vector<LineTable::Line> TextLayout::measure(BlockRange blocks)
 
 LineTable::Line TextLayout::measureByShaping(const QTextBlock &block, bool formatted) const
 {
-    if (formatted)
-        return layOut(block.layout(), block);
-    QTextLayout layout(block);
-    return layOut(&layout, block);
+    if (!formatted) {
+        QTextLayout layout(block);
+        return layOut(&layout, block);
+    }
+    const LineTable::Line line = layOut(block.layout(), block);
+    block.layout()->clearLayout();
+    return line;
 }
 
 bool TextLayout::measureByTable(const QTextBlock &block, QStringView text, bool formatted, LineTable::Line *line)

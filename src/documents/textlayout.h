@@ -69,7 +69,8 @@ private:
     void drawBlock(QPainter *painter, const PaintContext &context, const QTextBlock &block, QTextLayout *layout) const;
 
     void fitMeters();
-    std::vector<LineTable::Line> measure(BlockRange blocks);
+    std::vector<LineTable::Line> measureFew(BlockRange blocks);
+    std::vector<LineTable::Line> measureMany(BlockRange blocks);
     LineTable::Line measureByShaping(const QTextBlock &block, bool formatted) const;
     bool measureByTable(const QTextBlock &block, QStringView text, bool formatted, LineTable::Line *line);
     bool advance(TextMeter &meter, QStringView text, qint64 *x) const;
@@ -85,6 +86,7 @@ private:
     bool m_highlighted = false;
     QFont m_font;      ///< The document's, at the last measuring.
     int m_tabStop = 0; ///< In 64ths of a pixel.
+    bool m_metersApply = true;
     std::vector<std::pair<QFont, std::unique_ptr<TextMeter>>> m_meters;
     /// Numbers of the blocks whose own QTextLayout is laid out, latest last.
     mutable std::vector<int> m_laidOut;
