@@ -2,7 +2,9 @@
 #include "documents/documentitem.h"
 
 #include "annotations/annotation.h"
+#include "documents/linenumbers.h"
 #include "documents/page.h"
+#include "documents/textlayout.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetrics>
@@ -13,8 +15,6 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-
-#include <algorithm>
 
 namespace {
 
@@ -58,7 +58,7 @@ DocumentItem::DocumentItem(Page *page, QGraphicsItem *parent) : QGraphicsItem(pa
           static_cast<QGraphicsItem *>(m_pixmapItem)})
         item->setZValue(documentLevel);
     // The layout hears of a change only after contentsChange: this catches up with the size it then finds.
-    connect(m_textDocument->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this, [this] {
+    connect(m_textLayout, &QAbstractTextDocumentLayout::documentSizeChanged, this, [this] {
         if (m_textItem->scene() == m_page)
             fitScene();
     });
@@ -70,13 +70,15 @@ DocumentItem::~DocumentItem()
     delete m_lineNumbersItem;
     delete m_pixmapItem;
     delete m_textDocument;
-    delete m_numbersDocument;
+    delete m_lineNumbers;
 }
 
 void DocumentItem::createTextItem()
 {
     m_textItem = new QGraphicsTextItem;
     m_textDocument = new QTextDocument;
+    m_textLayout = new TextLayout(m_textDocument);
+    m_textDocument->setDocumentLayout(m_textLayout);
     m_textItem->setDocument(m_textDocument);
     setUnwrapped(m_textDocument);
     connect(m_textDocument, &QTextDocument::contentsChange, this, &DocumentItem::documentChanged);
@@ -89,9 +91,8 @@ void DocumentItem::createTextItem()
 void DocumentItem::createLineNumbersItem()
 {
     m_lineNumbersItem = new QGraphicsTextItem;
-    m_numbersDocument = new QTextDocument;
-    m_numbersDocument->setUndoRedoEnabled(false);
-    m_lineNumbersItem->setDocument(m_numbersDocument);
+    m_lineNumbers = new LineNumbers;
+    m_lineNumbersItem->setDocument(m_lineNumbers);
     m_lineNumbersItem->setDefaultTextColor(Qt::gray);
     m_lineNumbersItem->setFont(m_textItem->font());
 }
@@ -111,7 +112,7 @@ void DocumentItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *opti
 void DocumentItem::newDocument()
 {
     m_textDocument->setPlainText(QString(60, QLatin1Char(' ')));
-    m_numbersDocument->setPlainText(QStringLiteral("1\n"));
+    m_lineNumbers->setNumbers(QStringLiteral("1\n"));
     m_lineCount = 1;
     showText();
     fitScene();
@@ -123,7 +124,7 @@ void DocumentItem::setTextContents(const QString &text, const QString &lineNumbe
 {
     showText();
     m_textDocument->setPlainText(text);
-    m_numbersDocument->setPlainText(lineNumbers);
+    m_lineNumbers->setNumbers(lineNumbers);
     fitScene();
     m_modified = false;
 }
@@ -164,7 +165,23 @@ QGraphicsTextItem *DocumentItem::textItem() const
 
 QGraphicsTextItem *DocumentItem::lineNumbersItem() const
 {
+    m_lineNumbers->write();
     return m_lineNumbersItem;
+}
+
+void DocumentItem::setLineNumbersVisible(bool visible)
+{
+    m_lineNumbersItem->setVisible(visible);
+}
+
+bool DocumentItem::lineNumbersVisible() const
+{
+    return m_lineNumbersItem->isVisible();
+}
+
+void DocumentItem::setHighlighted(bool highlighted)
+{
+    m_textLayout->setHighlighted(highlighted);
 }
 
 QGraphicsPixmapItem *DocumentItem::pixmapItem() const
@@ -253,7 +270,7 @@ void DocumentItem::setDocumentFont(const QFont &font, bool showMessage)
 void DocumentItem::updateLayout()
 {
     const QFontMetrics metrics(m_lineNumbersItem->font());
-    const int gutter = metrics.horizontalAdvance(QString::number(m_numbersDocument->blockCount()));
+    const int gutter = metrics.horizontalAdvance(QString::number(m_lineNumbers->shownBlockCount()));
     m_textItem->setPos(gutter + contentOffsetX + gutterGap, contentOffsetY);
     m_lineNumbersItem->setPos(contentOffsetX, contentOffsetY);
 }
@@ -278,7 +295,7 @@ void DocumentItem::documentChanged(int position, int removed, int added)
 {
     const int newCount = m_textDocument->blockCount();
     if (newCount != m_lineCount) {
-        updateLineNumbers(newCount);
+        m_lineNumbers->follow(m_lineCount, newCount);
         if (QSettings().value(QStringLiteral("Other/SynchAnnotations"), true).toBool())
             shiftAnnotations(position, newCount - m_lineCount);
         m_lineCount = newCount;
@@ -286,23 +303,6 @@ void DocumentItem::documentChanged(int position, int removed, int added)
     fitScene();
     if (removed != 0 || added != 0)
         m_page->refreshUi();
-}
-
-void DocumentItem::updateLineNumbers(int newCount)
-{
-    QTextCursor cursor(m_numbersDocument);
-    cursor.movePosition(QTextCursor::End);
-    if (newCount > m_lineCount) {
-        QString numbers;
-        for (int number = m_lineCount + 1; number <= newCount; ++number)
-            numbers += QString::number(number) + QLatin1Char('\n');
-        cursor.insertText(numbers);
-        return;
-    }
-    // The last block is empty, so each number goes together with the line end behind it.
-    const int firstRemoved = std::max(0, cursor.blockNumber() - (m_lineCount - newCount));
-    cursor.setPosition(m_numbersDocument->findBlockByNumber(firstRemoved).position(), QTextCursor::KeepAnchor);
-    cursor.removeSelectedText();
 }
 
 void DocumentItem::shiftAnnotations(int position, int lines)

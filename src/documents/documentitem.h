@@ -6,11 +6,13 @@
 #include <QObject>
 #include <QPixmap>
 
+class LineNumbers;
 class Page;
 class QGraphicsPixmapItem;
 class QGraphicsTextItem;
 class QTextCursor;
 class QTextDocument;
+class TextLayout;
 
 /// Holds what a page shows of its document: the text with its line numbers, or the picture.
 ///
@@ -45,8 +47,14 @@ public:
     /// All owned by this object, never null.
     QTextDocument *textDocument() const;
     QGraphicsTextItem *textItem() const;
+    /// Its document's text is written first, which costs as much again as the text itself: not for everyday use.
     QGraphicsTextItem *lineNumbersItem() const;
     QGraphicsPixmapItem *pixmapItem() const;
+
+    void setLineNumbersVisible(bool visible);
+    bool lineNumbersVisible() const;
+    /// Tells the layout that a highlighter works on the text document; to be set before the text is.
+    void setHighlighted(bool highlighted);
 
     /// Blocks of the text document at the last change.
     int lineCount() const;
@@ -75,7 +83,6 @@ private:
     void showText();
     void fitScene();
     void updateSceneRect();
-    void updateLineNumbers(int newCount);
     void shiftAnnotations(int position, int lines);
 
     Page *m_page;
@@ -83,7 +90,8 @@ private:
     QGraphicsTextItem *m_lineNumbersItem;
     QGraphicsPixmapItem *m_pixmapItem;
     QTextDocument *m_textDocument;
-    QTextDocument *m_numbersDocument;
+    TextLayout *m_textLayout; ///< Owned by the text document.
+    LineNumbers *m_lineNumbers;
     bool m_modified = false;
     int m_lineCount = 0;
     QRectF m_bounds;

@@ -299,7 +299,7 @@ void Page::highlightSyntax(bool /*on*/)
 void Page::showLineNumbers(bool show)
 {
     if (m_kind == TextDocument)
-        m_documentItem->lineNumbersItem()->setVisible(show);
+        m_documentItem->setLineNumbersVisible(show);
 }
 
 void Page::setDocumentFont(const QFont &font)

@@ -5,6 +5,7 @@
 #include "documents/page.h"
 #include "documents/pageview.h"
 
+#include <QGraphicsItem>
 #include <QGraphicsSceneMouseEvent>
 
 #include <utility>

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/linenumbers.h"
+
+#include "documents/numberslayout.h"
+#include "documents/textlayout.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+
+#include <algorithm>
+
+namespace {
+
+/// "first\n" up to "last\n".
+QString numbersFrom(int first, int last)
+{
+    QString text;
+    for (int number = first; number <= last; ++number)
+        text += QString::number(number) + QLatin1Char('\n');
+    return text;
+}
+
+} // namespace
+
+LineNumbers::LineNumbers(QObject *parent) : QTextDocument(parent)
+{
+    setUndoRedoEnabled(false);
+    postpone(0);
+}
+
+void LineNumbers::postpone(int count)
+{
+    if (!m_unwritten) {
+        clear();
+        m_unwritten = new NumbersLayout(this);
+        setDocumentLayout(m_unwritten);
+    }
+    m_unwritten->setCount(count);
+}
+
+void LineNumbers::setNumbers(const QString &text)
+{
+    const int count = static_cast<int>(text.count(QLatin1Char('\n')));
+    if (text == numbersFrom(1, count)) {
+        postpone(count);
+    } else {
+        write();
+        setPlainText(text);
+    }
+}
+
+void LineNumbers::write()
+{
+    if (!m_unwritten)
+        return;
+    const int count = m_unwritten->count();
+    m_unwritten = nullptr;
+    setDocumentLayout(new TextLayout(this));
+    setPlainText(numbersFrom(1, count));
+}
+
+int LineNumbers::shownBlockCount() const
+{
+    return m_unwritten ? m_unwritten->count() + 1 : blockCount();
+}
+
+void LineNumbers::follow(int oldCount, int newCount)
+{
+    if (m_unwritten && m_unwritten->count() == oldCount) {
+        m_unwritten->setCount(newCount);
+        return;
+    }
+    write();
+    QTextCursor cursor(this);
+    cursor.movePosition(QTextCursor::End);
+    if (newCount > oldCount) {
+        cursor.insertText(numbersFrom(oldCount + 1, newCount));
+        return;
+    }
+    // The last block is empty, so each number goes together with the line end behind it.
+    const int firstRemoved = std::max(0, cursor.blockNumber() - (oldCount - newCount));
+    cursor.setPosition(findBlockByNumber(firstRemoved).position(), QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+}

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/numberslayout.h"
+
+#include "documents/textmeter.h"
+
+#include <QPainter>
+#include <QTextDocument>
+#include <QTextFrame>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+
+namespace {
+
+constexpr double unbounded = std::numeric_limits<int>::max();
+/// From so many numbers on, tables of advances are worth filling.
+constexpr int manyNumbers = 100;
+
+/// One number in one line, as wide as it is.
+class NumberLine
+{
+public:
+    NumberLine(const QString &number, const QFont &font) : m_layout(number, font)
+    {
+        QTextOption option;
+        option.setWrapMode(QTextOption::NoWrap);
+        m_layout.setTextOption(option);
+        m_layout.setCacheEnabled(true);
+        m_layout.beginLayout();
+        QTextLine line = m_layout.createLine();
+        line.setLeadingIncluded(true);
+        line.setLineWidth(-1.0);
+        line.setLineWidth(line.naturalTextWidth());
+        m_layout.endLayout();
+    }
+
+    double width() const { return m_layout.lineAt(0).naturalTextWidth(); }
+
+    /// From line to line; a negative leading does not draw them together.
+    double height() const
+    {
+        const QTextLine line = m_layout.lineAt(0);
+        return std::max(std::ceil(line.ascent() + line.descent() + line.leading()), line.height());
+    }
+
+    void draw(QPainter *painter, const QPointF &position) const { m_layout.draw(painter, position); }
+
+private:
+    QTextLayout m_layout;
+};
+
+} // namespace
+
+NumbersLayout::NumbersLayout(QTextDocument *document) : QAbstractTextDocumentLayout(document) {}
+
+void NumbersLayout::setCount(int count)
+{
+    if (count == m_count)
+        return;
+    const int firstChanged = std::min(count, m_count);
+    m_count = count;
+    measure();
+    reportSize();
+    emit update(QRectF(0, margin() + firstChanged * m_lineHeight, unbounded, unbounded));
+}
+
+void NumbersLayout::documentChanged(int from, int removed, int added)
+{
+    Q_UNUSED(from);
+    Q_UNUSED(removed);
+    Q_UNUSED(added);
+    measure();
+    reportSize();
+    emit update(QRectF(0, 0, unbounded, unbounded));
+}
+
+void NumbersLayout::measure()
+{
+    if (m_lineHeight <= 0 || document()->defaultFont() != m_font) {
+        m_font = document()->defaultFont();
+        m_lineHeight = NumberLine(QStringLiteral("1"), m_font).height();
+        m_measured = 0;
+        m_records.clear();
+    }
+    std::unique_ptr<TextMeter> meter;
+    if (m_count - m_measured >= manyNumbers)
+        meter = std::make_unique<TextMeter>(m_font);
+    for (; m_measured < m_count; ++m_measured) {
+        const QString number = QString::number(m_measured + 1);
+        qint64 advance = 0;
+        const double width = meter && meter->advance(number, &advance)
+                                 ? static_cast<double>(advance + meter->overhang(number.back())) / 64
+                                 : NumberLine(number, m_font).width();
+        if (m_records.empty() || width > m_records.back().width)
+            m_records.push_back({m_measured + 1, width});
+    }
+}
+
+void NumbersLayout::reportSize()
+{
+    const QSizeF size = documentSize();
+    if (size == m_size)
+        return;
+    m_size = size;
+    emit documentSizeChanged(size);
+}
+
+double NumbersLayout::margin() const
+{
+    return std::round(document()->documentMargin());
+}
+
+QSizeF NumbersLayout::documentSize() const
+{
+    const auto next = std::ranges::upper_bound(m_records, m_count, {}, &Record::number);
+    const double width = next == m_records.begin() ? 0.0 : std::prev(next)->width;
+    return {width + 2 * margin(), (m_count + 1) * m_lineHeight + 2 * margin()};
+}
+
+QRectF NumbersLayout::frameBoundingRect(QTextFrame *frame) const
+{
+    return frame == document()->rootFrame() ? QRectF(QPointF(), documentSize()) : QRectF();
+}
+
+QRectF NumbersLayout::blockBoundingRect(const QTextBlock &block) const
+{
+    Q_UNUSED(block);
+    return {margin(), margin(), documentSize().width() - 2 * margin(), m_lineHeight};
+}
+
+int NumbersLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const
+{
+    Q_UNUSED(point);
+    return accuracy == Qt::ExactHit ? -1 : 0;
+}
+
+void NumbersLayout::draw(QPainter *painter, const PaintContext &context)
+{
+    const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
+    const double first = std::floor((clip.top() - margin()) / m_lineHeight) - 1;
+    const double last = std::floor((clip.bottom() - margin()) / m_lineHeight);
+    const QPen oldPen = painter->pen();
+    painter->setPen(context.palette.color(QPalette::Text));
+    for (int i = static_cast<int>(std::max(0.0, first)); i < m_count && i <= last; ++i) {
+        NumberLine(QString::number(i + 1), m_font).draw(painter, QPointF(margin(), margin() + i * m_lineHeight));
+    }
+    painter->setPen(oldPen);
+}
