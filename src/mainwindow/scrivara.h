@@ -36,6 +36,7 @@ class QProgressBar;
 class QToolBar;
 class QToolButton;
 class QtColorPicker;
+class QtToolBarManager;
 class ScreenShotTool;
 class ShapeTool;
 class TextBoxTool;
@@ -256,6 +257,7 @@ private:
 
     FullscreenDialog *m_fullscreenDialog = nullptr;
     ViewModeDialog *m_viewModeDialog = nullptr;
+    QtToolBarManager *m_toolBarManager = nullptr; ///< Knows the four bars that the user may rearrange.
 
     QToolBar *m_fileToolBar = nullptr;
     QToolBar *m_editToolBar = nullptr;

@@ -63,8 +63,6 @@ void Scrivara::showStatistics() {}
 
 void Scrivara::showAboutBox() {}
 
-void Scrivara::customizeToolBars() {}
-
 void Scrivara::showActiveElementsList(bool /*show*/) {}
 
 void Scrivara::addActiveElement(int /*id*/) {}

@@ -4,6 +4,7 @@
 #include "app/eventlog.h"
 #include "widgets/fullscreendialog.h"
 #include "widgets/qtcolorpicker.h"
+#include "widgets/qttoolbarmanager.h"
 #include "widgets/viewmodedialog.h"
 
 #include <QSettings>
@@ -14,6 +15,7 @@ void Scrivara::loadSettings()
     TRACE_ENTER;
     const QSettings settings;
     restoreState(settings.value(QStringLiteral("General/WindowState")).toByteArray(), 0);
+    m_toolBarManager->restoreState(settings.value(QStringLiteral("General/ToolBarsState")).toByteArray(), 0);
     m_appLanguage = settings.value(QStringLiteral("Other/AppLanguage"), "default").toString();
     // Unlike switchLanguage(): at start "default" is English, whatever the system speaks.
     const QString locale = m_appLanguage == QLatin1String("default") ? QStringLiteral("en") : m_appLanguage;
@@ -32,8 +34,10 @@ void Scrivara::saveSettings()
     QSettings settings;
     settings.setValue(QStringLiteral("General/PenColor"), m_lineColorPicker->currentColor().name());
     settings.setValue(QStringLiteral("General/BrushColor"), m_fillColorPicker->currentColor().name());
-    if (m_viewMode == StandardView)
+    if (m_viewMode == StandardView) {
         settings.setValue(QStringLiteral("General/WindowState"), saveState(0));
+        settings.setValue(QStringLiteral("General/ToolBarsState"), m_toolBarManager->saveState(0));
+    }
     settings.setValue(QStringLiteral("General/WindowMaximized"), isMaximized());
     settings.setValue(QStringLiteral("General/WindowPosition"), pos());
     settings.setValue(QStringLiteral("General/WindowSize"), geometry().size());
@@ -69,6 +73,9 @@ QWidgetList Scrivara::releaseMapping()
         if (shownUnseen && part != this)
             waiting.append(part);
     }
+    // A window that the system has not seen yet is placed by its frame, which is what pos() gave when it was saved;
+    // with the native window of the unseen time it would be placed by its contents and creep up at every start.
+    destroy();
     return waiting;
 }
 

@@ -175,6 +175,10 @@ void Scrivara::retranslateToolBars()
     m_searchToolBar->setWindowTitle(tr("Find"));
     m_searchPrevButton->setText(tr("Previous"));
     m_searchNextButton->setText(tr("Next"));
+    // The buttons show icons only.
+    m_searchCloseButton->setToolTip(tr("Close"));
+    m_searchPrevButton->setToolTip(tr("Previous"));
+    m_searchNextButton->setToolTip(tr("Next"));
     m_searchCaseBox->setText(tr("Case Sensitive"));
     m_searchWordsBox->setText(tr("Whole Words"));
     m_zoomBox->setToolTip(tr("Actual Page Size"));

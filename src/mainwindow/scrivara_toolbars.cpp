@@ -4,6 +4,8 @@
 #include "app/eventlog.h"
 #include "mainwindow/actiontables.h"
 #include "widgets/qtcolorpicker.h"
+#include "widgets/qttoolbardialog.h"
+#include "widgets/qttoolbarmanager.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -165,7 +167,23 @@ QtColorPicker *Scrivara::createColorPicker(const QString &toolTip, void (Scrivar
 void Scrivara::createToolBarManager()
 {
     TRACE_ENTER_ON(logInfo);
+    m_toolBarManager = new QtToolBarManager(this);
+    m_toolBarManager->setMainWindow(this);
+    m_toolBarManager->addToolBar(m_shapesToolBar, tr("Shapes"));
+    m_toolBarManager->addToolBar(m_linesToolBar, tr("Lines"));
+    m_toolBarManager->addToolBar(m_bracketsToolBar, tr("Brackets"));
+    m_toolBarManager->addToolBar(m_stdToolsToolBar, tr("StdTools"));
     TRACE_LEAVE_ON(logInfo);
+}
+
+void Scrivara::customizeToolBars()
+{
+    TRACE_ENTER;
+    (logTrace << "Customize tool bars").eol(0);
+    QtToolBarDialog dialog;
+    dialog.setToolBarManager(m_toolBarManager);
+    dialog.exec();
+    TRACE_LEAVE;
 }
 
 void Scrivara::createStatusBar()
@@ -176,6 +194,9 @@ void Scrivara::createStatusBar()
     m_progressBar = new QProgressBar(this);
     m_progressBar->setTextVisible(true);
     m_progressBar->setMaximumHeight(10);
+    QFont small = m_progressBar->font();
+    small.setPixelSize(8); // fits the low bar
+    m_progressBar->setFont(small);
     m_progressBar->setRange(0, 100);
     m_lockButton = createStatusButton(QStringLiteral(":/main_window/lock.png"), tr("Unlock document"));
     m_syntaxButton = createStatusButton(QStringLiteral(":/main_window/highsyntax.png"), tr("Highlight syntax"));

@@ -179,7 +179,7 @@ void TestStartup::showWindowFromGeometry()
     QVERIFY(QTest::qWaitForWindowExposed(&*window));
     QVERIFY(!window->isMaximized());
     QCOMPARE(window->size(), QSize(700, 500));
-    QCOMPARE(window->pos(), QPoint(20, 30));
+    QTRY_COMPARE(window->pos(), QPoint(20, 30));
 }
 
 void TestStartup::showWindowDefaultGeometry()
@@ -188,7 +188,7 @@ void TestStartup::showWindowDefaultGeometry()
     WindowProbe window;
     window->showWindow();
     QCOMPARE(window->size(), QSize(1000, 800));
-    QCOMPARE(window->pos(), QPoint(50, 50));
+    QTRY_COMPARE(window->pos(), QPoint(50, 50));
 }
 
 void TestStartup::centredWhenTheScreenIsLarger()
