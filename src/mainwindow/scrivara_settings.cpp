@@ -65,8 +65,10 @@ void Scrivara::holdMapping()
 QWidgetList Scrivara::releaseMapping()
 {
     QWidgetList waiting;
+    if (!testAttribute(Qt::WA_DontShowOnScreen))
+        return waiting;
     for (QWidget *part : mappableParts()) {
-        const bool shownUnseen = part->testAttribute(Qt::WA_DontShowOnScreen) && part->isWindow() && part->isVisible();
+        const bool shownUnseen = part->isWindow() && part->isVisible();
         if (shownUnseen)
             part->hide();
         part->setAttribute(Qt::WA_DontShowOnScreen, false);

@@ -162,6 +162,7 @@ void TestStartStop::keepsWindowGeometry()
     QTRY_COMPARE(m_session.geometry(program.window()).size(), QSize(900, 600));
     QVERIFY(program.closeRegularly());
     QCOMPARE(program.setting(QStringLiteral("General/WindowSize")).toSize(), QSize(900, 600));
+    QCOMPARE(program.setting(QStringLiteral("General/WindowPosition")).toPoint(), QPoint(120, 90));
     QCOMPARE(program.setting(QStringLiteral("General/WindowMaximized")).toBool(), false);
 }
 
@@ -173,6 +174,8 @@ void TestStartStop::survivesWhatCannotBeOpened()
     program.launch({missing, good});
     const QString box = m_session.waitForWindow(QStringLiteral("I/O Error"));
     QVERIFY(!box.isEmpty());
+    // The half-built window that waits behind the box is not on the screen.
+    QCOMPARE(m_session.windows(QStringLiteral("^Kestrin 7( \\[.*)?$")), QStringList());
     m_session.key(QStringLiteral("Return"));
     const QString window = m_session.waitForWindow(QStringLiteral("^Kestrin 7 \\["));
     QVERIFY(m_session.title(window).contains(good));

@@ -4,14 +4,18 @@
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
 #include "mainwindow/windowprobe.h"
+#include "support/dialogs.h"
 #include "support/testmain.h"
 #include "widgets/qtcolorpicker.h"
+#include "widgets/qtfulltoolbarmanager.h"
+#include "widgets/qttoolbarmanager.h"
 
 #include <QFile>
 #include <QGraphicsTextItem>
 #include <QSettings>
 #include <QTest>
 #include <QToolButton>
+#include <QTreeWidget>
 
 namespace {
 
@@ -48,6 +52,9 @@ private slots:
     void compactKeepsTheOldState();
     void hiddenBarsComeBack();
     void movedBarStaysWhereItWas();
+    void rearrangedToolBars();
+    void customToolBar();
+    void customizeDialog();
     void tabsPosition_data();
     void tabsPosition();
     void documentColors();
@@ -89,10 +96,9 @@ void TestWindowSettings::savedAtExit()
     QSet<QString> keys;
     for (const QString &key : QSettings().allKeys())
         keys.insert(key);
-    keys.remove(QStringLiteral("General/ToolBarsState"));
-    QCOMPARE(keys,
-             (QSet<QString>{"General/PenColor", "General/BrushColor", "General/WindowMaximized", "General/WindowSize",
-                            "General/WindowPosition", "General/WindowState", "Other/AppLanguage"}));
+    QCOMPARE(keys, (QSet<QString>{"General/PenColor", "General/BrushColor", "General/WindowMaximized",
+                                  "General/WindowSize", "General/WindowPosition", "General/WindowState",
+                                  "General/ToolBarsState", "Other/AppLanguage"}));
 }
 
 void TestWindowSettings::roundTrip()
@@ -209,6 +215,61 @@ void TestWindowSettings::movedBarStaysWhereItWas()
     }
     const WindowProbe window;
     QCOMPARE(window->toolBarArea(window.bar("ScvShapesToolBar")), Qt::RightToolBarArea);
+}
+
+void TestWindowSettings::rearrangedToolBars()
+{
+    {
+        WindowProbe window;
+        window->showWindow();
+        auto *manager = window->findChild<QtToolBarManager *>();
+        manager->fullManager()->setActions(window.bar("ScvBracketsToolBar"),
+                                           {window.action("actionRectBracket"), nullptr, window.action("actionArrow")});
+        QVERIFY(window->close());
+    }
+    const WindowProbe window;
+    QCOMPARE(actionNames(window.bar("ScvBracketsToolBar")), (QStringList{"actionRectBracket", "|", "actionArrow"}));
+}
+
+void TestWindowSettings::customToolBar()
+{
+    {
+        WindowProbe window;
+        window->showWindow();
+        auto *manager = window->findChild<QtToolBarManager *>();
+        QToolBar *mine = manager->fullManager()->createToolBar(QStringLiteral("Mine"));
+        manager->fullManager()->setActions(mine, {window.action("actionThinRedPen")});
+        QVERIFY(window->close());
+    }
+    WindowProbe window;
+    const auto bars = window->findChildren<QToolBar *>();
+    QCOMPARE(bars.size(), 12);
+    QCOMPARE(bars.last()->windowTitle(), QStringLiteral("Mine"));
+    QCOMPARE(actionNames(bars.last()), QStringList{"actionThinRedPen"});
+    window->showWindow();
+    QVERIFY(QTest::qWaitForWindowExposed(&*window));
+    QVERIFY(bars.last()->isVisible());
+}
+
+void TestWindowSettings::customizeDialog()
+{
+    const WindowProbe window;
+    LogProbe log;
+    DialogAnswers answers;
+    QStringList categories;
+    answers.handle([&](QDialog *dialog) {
+        const auto *tree = dialog->findChild<QTreeWidget *>(QStringLiteral("actionTree"));
+        for (int i = 0; i < tree->topLevelItemCount(); ++i)
+            categories.append(tree->topLevelItem(i)->text(0));
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Customize Toolbars"));
+        QCOMPARE(dialog->parentWidget(), nullptr);
+        dialog->reject();
+    });
+    window.action("actionCustomizeToolBars")->trigger();
+    QCOMPARE(answers.seen().size(), 1);
+    for (const char *name : {"Shapes", "Lines", "Brackets", "StdTools"})
+        QVERIFY2(categories.contains(QString::fromLatin1(name)), name);
+    QVERIFY(log.traceSinceMark().contains(QStringLiteral("Customize tool bars")));
 }
 
 void TestWindowSettings::tabsPosition_data()
