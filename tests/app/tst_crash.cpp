@@ -21,6 +21,9 @@ const QByteArray crashText =
 /// Writes down what it was called with, and how much of the record was there by then.
 const QByteArray noteTaker = "printf '%s|' \"$#\" \"$1\" \"$2\" >box\ncp sys/logs/dumped.dat record\n";
 
+/// Stays until the file "ok" appears, or the folder goes with a failed test.
+const QByteArray patientBox = "touch shown\nuntil [ -e ok ] || [ ! -e shown ]; do sleep 0.01; done\ntouch closed\n";
+
 QByteArray record(int lines)
 {
     QByteArray text;
@@ -195,7 +198,7 @@ void TestCrash::brokenHelperIsNoHindrance()
 void TestCrash::waitsForTheBox()
 {
     ChildProcess child;
-    QVERIFY(child.replaceCrashBox("touch shown\nuntil [ -e ok ]; do sleep 0.01; done\ntouch closed\n"));
+    QVERIFY(child.replaceCrashBox(patientBox));
     child.start({"hook=600", "open", "lines=3", "fault=null"});
     QTRY_VERIFY(QFile::exists(child.path("shown")));
     QCOMPARE(withoutTimes(child.dump()), record(3));
@@ -209,7 +212,7 @@ void TestCrash::waitsForTheBox()
 void TestCrash::doesNotWaitForever()
 {
     ChildProcess child;
-    QVERIFY(child.replaceCrashBox("touch shown\nuntil [ -e ok ]; do sleep 0.01; done\ntouch closed\n"));
+    QVERIFY(child.replaceCrashBox(patientBox));
     child.start({"hook=1", "open", "lines=3", "fault=null"});
     QVERIFY(child.waitForEnd());
     QCOMPARE(child.endedBy(), SIGSEGV);
@@ -223,7 +226,7 @@ void TestCrash::doesNotWaitForever()
 void TestCrash::secondFaultEndsItAtOnce()
 {
     ChildProcess child;
-    QVERIFY(child.replaceCrashBox("touch shown\nuntil [ -e ok ]; do sleep 0.01; done\ntouch closed\n"));
+    QVERIFY(child.replaceCrashBox(patientBox));
     child.start({"hook=600", "open", "lines=3", "fault=null"});
     QTRY_VERIFY(QFile::exists(child.path("shown")));
     kill(static_cast<pid_t>(child.process().processId()), SIGBUS);
@@ -238,7 +241,7 @@ void TestCrash::letsGoOfTheDisplay()
 {
     ChildProcess child;
     Listener display(child.path("display"));
-    QVERIFY(child.replaceCrashBox("touch shown\nuntil [ -e ok ]; do sleep 0.01; done\n"));
+    QVERIFY(child.replaceCrashBox(patientBox));
     child.start({"hook=600", "open", "connect=display", "await=go", "fault=null"});
     display.accept();
     QVERIFY(!display.isHungUp());
