@@ -2,6 +2,7 @@
 #include "widgets/dontdialog.h"
 
 #include "ui_dontdialog.h"
+#include "widgets/lightscrollbars.h"
 
 #include <QBoxLayout>
 #include <QEvent>
@@ -36,6 +37,7 @@ DontDialog::DontDialog(const QString &title, const QString &text, int kind, cons
 {
     m_ui->setupUi(this);
     arrange();
+    lightenScrollBars(m_ui->mainTextEdit);
     m_ui->mainTextEdit->setPlainText(text);
     setWindowTitle(title);
     connect(m_ui->okButton, &QPushButton::clicked, this, &DontDialog::okAndClose);
