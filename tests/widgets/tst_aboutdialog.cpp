@@ -147,6 +147,16 @@ void TestAboutDialog::missingResourcesGiveASentence()
     QVERIFY(!load(dialog, ":/txt/text/NoSuchText.html"));
     QVERIFY(!load(dialog, QDir::tempPath()));
     QCOMPARE(browserOf(dialog)->toPlainText(), before);
+
+    Q_CLEANUP_RESOURCE(texts);
+    click(dialog, "aboutButton");
+    const QString about = browserOf(dialog)->toPlainText();
+    click(dialog, "licenseButton");
+    const QString license = browserOf(dialog)->toPlainText();
+    Q_INIT_RESOURCE(texts);
+    QCOMPARE(about.section('\n', 0, 0), "'About' information not available!");
+    QCOMPARE(about.count(noticeStart), 1);
+    QCOMPARE(license, "No information about license available!");
 }
 
 void TestAboutDialog::linesAreJoinedWithNothing()
