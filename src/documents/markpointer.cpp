@@ -29,11 +29,16 @@ QGraphicsItem *MarkPointer::item() const
     return m_state ? m_state->item : nullptr;
 }
 
+std::shared_ptr<MarkPointer::State> MarkPointer::knownState(const QGraphicsItem *item)
+{
+    const auto guard = item->data(lifeGuardKey).value<std::shared_ptr<LifeGuard>>();
+    return guard ? guard->state : nullptr;
+}
+
 std::shared_ptr<MarkPointer::State> MarkPointer::stateOf(QGraphicsItem *item)
 {
-    using Guard = std::shared_ptr<LifeGuard>;
-    if (const Guard known = item->data(lifeGuardKey).value<Guard>())
-        return known->state;
+    if (const auto known = knownState(item))
+        return known;
     auto state = std::make_shared<State>();
     state->item = item;
     item->setData(lifeGuardKey, QVariant::fromValue(std::make_shared<LifeGuard>(state)));

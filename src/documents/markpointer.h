@@ -25,6 +25,8 @@ protected:
     };
     /// Null for a default-constructed pointer.
     const std::shared_ptr<State> &state() const { return m_state; }
+    /// What the pointers to @p item share; null if there never was one.
+    static std::shared_ptr<State> knownState(const QGraphicsItem *item);
 
 private:
     struct LifeGuard;

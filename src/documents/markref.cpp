@@ -33,7 +33,8 @@ MarkRef::~MarkRef()
         delete item();
 }
 
-bool MarkRef::isHeld(QGraphicsItem *item)
+bool MarkRef::isHeld(const QGraphicsItem *item)
 {
-    return MarkRef(item).state()->holders > 1;
+    const auto known = knownState(item);
+    return known && known->holders > 0;
 }

@@ -22,5 +22,5 @@ public:
     using MarkPointer::item;
 
     /// Whether any reference to @p item exists.
-    static bool isHeld(QGraphicsItem *item);
+    static bool isHeld(const QGraphicsItem *item);
 };

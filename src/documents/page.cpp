@@ -6,6 +6,7 @@
 #include "documents/addannotationcommand.h"
 #include "documents/documentitem.h"
 #include "documents/markref.h"
+#include "documents/pageview.h"
 #include "documents/picture.h"
 #include "documents/warningbox.h"
 #include "persistence/iosystem.h"
@@ -50,7 +51,7 @@ Page::~Page()
     delete m_undoStack;
     // Marks that the clipboard or another page's undo stack still has must not die with this scene.
     for (QGraphicsItem *item : items()) {
-        if (!item->parentItem() && MarkRef::isHeld(item))
+        if (MarkRef::isHeld(item))
             removeItem(item);
     }
 }

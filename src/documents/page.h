@@ -150,7 +150,7 @@ private:
     void setSaved(const QString &target);
 
     HostLink m_host;
-    PageView *m_view = nullptr;
+    QPointer<PageView> m_view;
     DocumentItem *m_documentItem;
     QString m_fileType;
     bool m_drawToolOverlay = true;
