@@ -4,6 +4,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -25,11 +26,12 @@ bool endsLine(QChar c)
            c == frameEnd;
 }
 
-QString mostFrequent(const QList<QString> &ends)
+QString mostFrequent(const QList<QStringView> &ends)
 {
-    std::array<QString, 3> kinds{QStringLiteral("\n"), QStringLiteral("\r\n"), QStringLiteral("\r")};
-    return *std::max_element(kinds.begin(), kinds.end(),
-                             [&ends](const QString &a, const QString &b) { return ends.count(a) < ends.count(b); });
+    constexpr std::array<QStringView, 3> kinds{u"\n", u"\r\n", u"\r"};
+    return std::max_element(kinds.begin(), kinds.end(),
+                            [&ends](QStringView a, QStringView b) { return ends.count(a) < ends.count(b); })
+        ->toString();
 }
 
 } // namespace
@@ -37,7 +39,7 @@ QString mostFrequent(const QList<QString> &ends)
 SplitText splitLines(const QString &raw)
 {
     SplitText split;
-    QList<QString> ends;
+    QList<QStringView> ends;
     split.text.reserve(raw.size());
     qsizetype lineStart = 0;
     for (qsizetype i = 0; i < raw.size(); ++i) {
@@ -47,7 +49,7 @@ SplitText splitLines(const QString &raw)
         if (!ends.isEmpty())
             split.text += QLatin1Char('\n');
         split.text += QStringView(raw).sliced(lineStart, i - lineStart);
-        ends.append(raw.sliced(i, two ? 2 : 1));
+        ends.append(QStringView(raw).sliced(i, two ? 2 : 1));
         i += two ? 1 : 0;
         lineStart = i + 1;
     }
@@ -59,11 +61,11 @@ SplitText splitLines(const QString &raw)
         split.text += QStringView(raw).sliced(lineStart);
         ++split.lines;
     } else if (!ends.isEmpty()) {
-        split.finalLineEnd = ends.takeLast();
+        split.finalLineEnd = ends.takeLast().toString();
     }
     for (int line = 0; line < ends.size(); ++line) {
         if (ends.at(line) != split.lineEnd)
-            split.oddEnds.append({line, ends.at(line)});
+            split.oddEnds.append({line, ends.at(line).toString()});
     }
     return split;
 }

@@ -31,8 +31,8 @@ public:
     }
     Annotation *clone() override { return new TestMark(pos() + QPointF(20.0, 20.0)); }
     QString toDebugString() override { return QStringLiteral("test mark"); }
-    void saveToXml(QDomDocument & /*document*/, QDomElement & /*parent*/) override {}
-    void loadFromXml(const QDomElement & /*element*/, const QPointF & /*offset*/) override {}
+    void write(ElementWriter & /*writer*/) const override {}
+    void read(ElementReader & /*reader*/) override {}
 
     int contentPaintings = 0;
     inline static int living = 0;

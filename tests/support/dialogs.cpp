@@ -106,9 +106,10 @@ void DialogAnswers::poll()
         dialog->reject();
         return;
     }
-    // May open a further window and come back only when that one is answered.
-    const auto answer = m_answers.takeFirst();
-    answer(dialog);
+    // An answer may open a further window and come back only when that one is answered; a timer does not fire again
+    // inside its own signal, so the answer is given from outside of it.
+    QMetaObject::invokeMethod(
+        dialog, [answer = m_answers.takeFirst(), dialog] { answer(dialog); }, Qt::QueuedConnection);
 }
 
 void DialogAnswers::record(QDialog *dialog)

@@ -1,0 +1,633 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "persistence/iosystem.h"
+
+#include "documents/documentitem.h"
+#include "documents/page.h"
+#include "support/dialogs.h"
+#include "support/fakehost.h"
+#include "support/testmain.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGraphicsPixmapItem>
+#include <QGraphicsRectItem>
+#include <QGraphicsTextItem>
+#include <QImageReader>
+#include <QImageWriter>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <sys/stat.h>
+
+#include <memory>
+
+namespace {
+
+QByteArray bytesIn(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<cannot be read>");
+}
+
+void store(const QString &path, const QByteArray &contents)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(contents), contents.size());
+}
+
+QString numbers(int last)
+{
+    QString text;
+    for (int i = 1; i <= last; ++i)
+        text += QString::number(i) + QLatin1Char('\n');
+    return text;
+}
+
+} // namespace
+
+class TestIoSystem : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void oneInstance();
+    void formatIsChosenBySuffix_data();
+    void formatIsChosenBySuffix();
+    void noPageNoLoad();
+    void textIsReadIntoThePage();
+    void numbersDoNotCountTheFinalLineFeed_data();
+    void numbersDoNotCountTheFinalLineFeed();
+    void textIsTheSameOnDisk_data();
+    void textIsTheSameOnDisk();
+    void typedTextIsOnDiskAsTyped();
+    void newDocumentIsSixtyBlanks();
+    void latin1GrowsIntoUtf8();
+    void savedFormatCanBeReadByTheSameRules();
+    void progressIsShown();
+    void unreadableText_data();
+    void unreadableText();
+    void unwritableText_data();
+    void unwritableText();
+    void vanishedFileIsWrittenAnew();
+    void pipeTakesTheFilesPlace();
+    void namesOfAllKinds_data();
+    void namesOfAllKinds();
+    void oneVeryLongLine();
+    void binaryFile();
+
+    void pictureIsReadIntoThePage();
+    void unreadablePicture_data();
+    void unreadablePicture();
+    void hugePhotoOpens();
+    void pictureForDenseScreensOpensAtFullSize();
+    void pictureIsTheScene();
+    void pictureOfATallText();
+    void pictureFormats_data();
+    void pictureFormats();
+    void pictureThatCannotBeSaved();
+    void emptySceneCannotBeSaved();
+    void fullDiskWhileSavingAPicture();
+    void imageSavedAsTextIsEmpty();
+    void annotatedFilesFailCleanly();
+
+private:
+    QString path(const QString &name) const { return m_folder->filePath(name); }
+    void loadText(const QString &name, const QByteArray &contents);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<FakeHost> m_host;
+    std::unique_ptr<Page> m_page;
+};
+
+void TestIoSystem::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_host = std::make_unique<FakeHost>();
+    m_page = std::make_unique<Page>(m_host.get());
+}
+
+void TestIoSystem::cleanup()
+{
+    m_page.reset();
+    m_host.reset();
+}
+
+void TestIoSystem::loadText(const QString &name, const QByteArray &contents)
+{
+    store(path(name), contents);
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path(name)));
+}
+
+void TestIoSystem::oneInstance()
+{
+    QVERIFY(IoSystem::instance());
+    QCOMPARE(IoSystem::instance(), IoSystem::instance());
+    QCOMPARE(IoSystem::instance()->parent(), nullptr);
+}
+
+void TestIoSystem::formatIsChosenBySuffix_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isPicture");
+    QTest::newRow("png") << "a.png" << true;
+    QTest::newRow("PNG in capitals") << "a.PNG" << true;
+    QTest::newRow("jpeg") << "a.b.jpeg" << true;
+    QTest::newRow("text") << "a.txt" << false;
+    QTest::newRow("unknown") << "a.xyz" << false;
+    QTest::newRow("no suffix") << "png" << false;
+    QTest::newRow("only a suffix") << ".png" << true;
+    QTest::newRow("dot at the end") << "a.png." << false;
+    QTest::newRow("suffix in the folder") << "a.png/b" << false;
+}
+
+void TestIoSystem::formatIsChosenBySuffix()
+{
+    QFETCH(const QString, name);
+    QFETCH(const bool, isPicture);
+    QDir(m_folder->path()).mkpath(QFileInfo(path(name)).path());
+    m_page->newDocument();
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path(name)));
+    const bool written = bytesIn(path(name)) != QByteArray(60, ' ');
+    QCOMPARE(written, isPicture);
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path(name)));
+    QCOMPARE(m_page->documentKind(), isPicture ? Page::ImageDocument : Page::TextDocument);
+    QCOMPARE(m_page->fileType(), QFileInfo(name).suffix());
+}
+
+void TestIoSystem::noPageNoLoad()
+{
+    store(path("a.txt"), "x");
+    QVERIFY(!IoSystem::instance()->load(nullptr, path("a.txt")));
+    QVERIFY(!IoSystem::instance()->load(nullptr, QString()));
+}
+
+void TestIoSystem::textIsReadIntoThePage()
+{
+    loadText("a.cpp", "int a;\nint b;\n");
+    QCOMPARE(m_page->fileName(), path("a.cpp"));
+    QCOMPARE(m_page->fileType(), QStringLiteral("cpp"));
+    QCOMPARE(m_page->plainText(), QStringLiteral("int a;\nint b;"));
+    QCOMPARE(m_page->documentKind(), Page::TextDocument);
+    QVERIFY(!m_page->isModified());
+    loadText("b.TXT", "x");
+    QCOMPARE(m_page->fileType(), QStringLiteral("TXT"));
+    QCOMPARE(m_page->documentItem()->lineCount(), 1);
+}
+
+void TestIoSystem::numbersDoNotCountTheFinalLineFeed_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<int>("lines");
+    QTest::newRow("empty") << QByteArray() << 0;
+    QTest::newRow("line feed only") << QByteArray("\n") << 1;
+    QTest::newRow("no final line feed") << QByteArray("a\nb") << 2;
+    QTest::newRow("final line feed") << QByteArray("a\nb\n") << 2;
+    QTest::newRow("two final line feeds") << QByteArray("a\nb\n\n") << 3;
+    QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n") << 2;
+}
+
+void TestIoSystem::numbersDoNotCountTheFinalLineFeed()
+{
+    QFETCH(const QByteArray, contents);
+    QFETCH(const int, lines);
+    loadText("a.txt", contents);
+    QCOMPARE(m_page->documentItem()->lineNumbersItem()->toPlainText(), numbers(lines));
+    QCOMPARE(m_page->textDocument()->blockCount(), std::max(1, lines));
+}
+
+void TestIoSystem::textIsTheSameOnDisk_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("no final line feed") << QByteArray("a\nb");
+    QTest::newRow("final line feed") << QByteArray("a\nb\n");
+    QTest::newRow("several final line feeds") << QByteArray("a\n\n\n");
+    QTest::newRow("only line feeds") << QByteArray("\n\n\n");
+    QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n");
+    QTest::newRow("CR LF, none at the end") << QByteArray("a\r\nb");
+    QTest::newRow("CR") << QByteArray("a\rb\r");
+    QTest::newRow("mixed line ends") << QByteArray("a\nb\r\nc\rd\n\r\n");
+    QTest::newRow("trailing blanks") << QByteArray("a  \n\t\n  b \n");
+    QTest::newRow("UTF-8") << QByteArray("\xC5\xBC\xC3\xB3\xC5\x82w \xE2\x82\xAC\n");
+    QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBFxyz\r\n");
+    QTest::newRow("UTF-16 LE") << QByteArray("\xFF\xFEa\0\r\0\n\0b\0", 10);
+    QTest::newRow("UTF-16 BE") << QByteArray("\xFE\xFF\0a\0\n", 6);
+    QTest::newRow("UTF-32 LE") << QByteArray("\xFF\xFE\0\0a\0\0\0\n\0\0\0", 12);
+    QTest::newRow("Latin-1") << QByteArray("gr\xFC\xDF\x65\n");
+    QTest::newRow("no-break space") << QByteArray("a\xC2\xA0\x62\n");
+    QTest::newRow("no-break space in Latin-1") << QByteArray("a\xA0\x62\n");
+    QTest::newRow("line separator") << QByteArray("a\xE2\x80\xA8\x62\n");
+    QTest::newRow("paragraph separator") << QByteArray("a\xE2\x80\xA9\x62\n");
+    QTest::newRow("next line") << QByteArray("a\xC2\x85\x62\n");
+    QTest::newRow("null bytes") << QByteArray("a\0b\0\0\nc\n", 8);
+    QTest::newRow("control characters") << QByteArray("a\x01\x02\f\v\x1B" "[0m\n");
+    QTest::newRow("object replacement") << QByteArray("a\xEF\xBF\xBC\x62\n");
+    QTest::newRow("replacement character") << QByteArray("a\xEF\xBF\xBD\x62\n");
+    QTest::newRow("non-characters") << QByteArray("\xEF\xB7\x90\xEF\xB7\x91\xEF\xBF\xBE\n");
+    QTest::newRow("emoji with joiners") << QByteArray("\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x92\xBB\n");
+    QTest::newRow("right to left with marks") << QByteArray("\xE2\x80\x8F\xD7\x90\xD7\x91\xE2\x80\xAE\n");
+    QTest::newRow("combining, not composed") << QByteArray("e\xCC\x81\n");
+    QByteArray all;
+    for (int i = 0; i < 256; ++i)
+        all.append(char(i));
+    QTest::newRow("every byte") << all;
+}
+
+void TestIoSystem::textIsTheSameOnDisk()
+{
+    QFETCH(const QByteArray, contents);
+    loadText("a.txt", contents);
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("b.txt")));
+    QCOMPARE(bytesIn(path("b.txt")), contents);
+    // The same after an edit that was taken back.
+    QTextCursor cursor(m_page->textDocument());
+    cursor.insertText(QStringLiteral("x"));
+    cursor.deletePreviousChar();
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("b.txt")));
+    QCOMPARE(bytesIn(path("b.txt")), contents);
+}
+
+void TestIoSystem::typedTextIsOnDiskAsTyped()
+{
+    loadText("a.txt", "one\ntwo\n");
+    QTextCursor cursor(m_page->textDocument());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(QStringLiteral("\nthree\u00a0\u20ac"));
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("one\ntwo\nthree\xC2\xA0\xE2\x82\xAC\n"));
+}
+
+void TestIoSystem::newDocumentIsSixtyBlanks()
+{
+    m_page->newDocument();
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("new")));
+    QCOMPARE(bytesIn(path("new")), QByteArray(60, ' '));
+}
+
+void TestIoSystem::latin1GrowsIntoUtf8()
+{
+    loadText("a.txt", "gr\xFC\xDF\x65\n");
+    QTextCursor cursor(m_page->textDocument());
+    cursor.insertText(QStringLiteral("\u00e4"));
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xE4gr\xFC\xDF\x65\n"));
+    cursor.insertText(QStringLiteral("\u20ac"));
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xC3\xA4\xE2\x82\xACgr\xC3\xBC\xC3\x9F\x65\n"));
+    // Once the character is gone the text fits again.
+    cursor.deletePreviousChar();
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xE4gr\xFC\xDF\x65\n"));
+}
+
+void TestIoSystem::savedFormatCanBeReadByTheSameRules()
+{
+    loadText("a.txt", "\xFF\n");
+    m_page->textDocument()->setPlainText(QStringLiteral("\u00c3\u00a4"));
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path("a.txt")));
+    QCOMPARE(m_page->plainText(), QStringLiteral("\u00c3\u00a4"));
+}
+
+void TestIoSystem::progressIsShown()
+{
+    QList<int> values;
+    connect(m_host->bar, &QProgressBar::valueChanged, this, [&values](int value) { values.append(value); });
+    m_host->bar->setValue(77);
+    values.clear();
+    loadText("a.txt", "x\n");
+    QCOMPARE(values, (QList<int>{-1, 50, 100}));
+    values.clear();
+    QPixmap(2, 2).save(path("p.png"));
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path("p.png")));
+    QCOMPARE(values, (QList<int>{-1, 50, 100}));
+}
+
+void TestIoSystem::unreadableText_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("code");
+    QTest::newRow("missing") << "missing.txt" << int(QFileDevice::OpenError);
+    QTest::newRow("missing, markup and percent signs in the name") << "<b>%1%2%L1</b>" << int(QFileDevice::OpenError);
+    QTest::newRow("folder") << "folder" << int(QFileDevice::OpenError);
+    QTest::newRow("pipe") << "pipe" << int(QFileDevice::OpenError);
+    QTest::newRow("link to itself") << "loop" << int(QFileDevice::OpenError);
+    QTest::newRow("below a file") << "file/a.txt" << int(QFileDevice::OpenError);
+    QTest::newRow("device") << "/dev/zero" << int(QFileDevice::OpenError);
+}
+
+void TestIoSystem::unreadableText()
+{
+    QFETCH(QString, name);
+    QFETCH(const int, code);
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
+    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    QVERIFY(QFile::link(path("loop"), path("loop")));
+    store(path("file"), "x");
+    if (!name.startsWith(QLatin1Char('/')))
+        name = path(name);
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    QVERIFY(!IoSystem::instance()->load(m_page.get(), name));
+    QCOMPARE(answers.seen().size(), 1);
+    const SeenDialog &box = answers.seen().first();
+    QCOMPARE(box.title, QStringLiteral("I/O Error 0x00608004"));
+    QCOMPARE(box.text, QStringLiteral("Can't open file ") + name + QStringLiteral("\nError code: %1").arg(code));
+    QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+    QCOMPARE(box.icon, QMessageBox::Warning);
+    QCOMPARE(box.parent, nullptr);
+    QCOMPARE(m_page->documentKind(), Page::NoDocument);
+}
+
+void TestIoSystem::unwritableText_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("missing folder") << "no/such/folder.txt";
+    QTest::newRow("folder") << "folder";
+    QTest::newRow("pipe") << "pipe";
+    QTest::newRow("below a file") << "file/a.txt";
+    QTest::newRow("place that takes no files") << "/proc/a.txt";
+    QTest::newRow("device") << "/dev/full";
+    QTest::newRow("name too long") << QString(300, QLatin1Char('n'));
+}
+
+void TestIoSystem::unwritableText()
+{
+    QFETCH(QString, name);
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
+    QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    store(path("file"), "x");
+    if (!name.startsWith(QLatin1Char('/')))
+        name = path(name);
+    m_page->newDocument();
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    QVERIFY(!IoSystem::instance()->save(m_page.get(), name));
+    QCOMPARE(answers.seen().size(), 1);
+    const SeenDialog &box = answers.seen().first();
+    QCOMPARE(box.title, QStringLiteral("I/O Error"));
+    QCOMPARE(box.text, QStringLiteral("Cannot save file ") + name + QStringLiteral(".\nError code: "));
+    QCOMPARE(box.parent, nullptr);
+    QCOMPARE(m_page->plainText().size(), 60);
+}
+
+void TestIoSystem::vanishedFileIsWrittenAnew()
+{
+    loadText("a.txt", "one\n");
+    QVERIFY(QFile::remove(path("a.txt")));
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("one\n"));
+}
+
+void TestIoSystem::pipeTakesTheFilesPlace()
+{
+    loadText("a.txt", "one\n");
+    QVERIFY(QFile::remove(path("a.txt")));
+    QCOMPARE(mkfifo(QFile::encodeName(path("a.txt")).constData(), 0600), 0);
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    QVERIFY(!IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    struct stat info = {};
+    QCOMPARE(stat(QFile::encodeName(path("a.txt")).constData(), &info), 0);
+    QVERIFY(S_ISFIFO(info.st_mode));
+}
+
+void TestIoSystem::namesOfAllKinds_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("blanks") << " a b .txt";
+    QTest::newRow("quotes") << "a\"'`b.txt";
+    QTest::newRow("line feed") << "a\nb.txt";
+    QTest::newRow("percent signs") << "%1 %n %%2.txt";
+    QTest::newRow("letters beyond ASCII") << QStringLiteral("\u017c\u00f3\u0142\u0107 \u65e5\u672c.txt");
+    QTest::newRow("markup") << "<i>a&amp;b.txt";
+    QTest::newRow("backslash") << "a\\b.txt";
+    QTest::newRow("leading minus") << "-a.txt";
+}
+
+void TestIoSystem::namesOfAllKinds()
+{
+    QFETCH(const QString, name);
+    loadText(name, "text\n");
+    QCOMPARE(m_page->fileName(), path(name));
+    QTextCursor(m_page->textDocument()).insertText(QStringLiteral("new "));
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path(name)));
+    QCOMPARE(bytesIn(path(name)), QByteArray("new text\n"));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
+}
+
+void TestIoSystem::oneVeryLongLine()
+{
+    const QByteArray contents = QByteArray("0123456789").repeated(100'000);
+    QElapsedTimer clock;
+    clock.start();
+    loadText("a.txt", contents);
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("b.txt")));
+    QCOMPARE(bytesIn(path("b.txt")), contents);
+    QVERIFY2(clock.elapsed() < 60'000, qPrintable(QString::number(clock.elapsed())));
+}
+
+void TestIoSystem::binaryFile()
+{
+    const QByteArray contents = bytesIn(QCoreApplication::applicationFilePath()).left(300'000);
+    loadText("program.bin", contents);
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("copy.bin")));
+    QVERIFY(bytesIn(path("copy.bin")) == contents);
+}
+
+void TestIoSystem::pictureIsReadIntoThePage()
+{
+    QPixmap picture(40, 30);
+    picture.fill(Qt::darkCyan);
+    picture.save(path("p.PNG"));
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path("p.PNG")));
+    QCOMPARE(m_page->documentKind(), Page::ImageDocument);
+    QCOMPARE(m_page->imageLink(), path("p.PNG"));
+    QCOMPARE(m_page->fileType(), QStringLiteral("PNG"));
+    QCOMPARE(m_page->sceneRect(), QRectF(0, 0, 40, 30));
+    QCOMPARE(m_page->documentItem()->pixmapItem()->pixmap().toImage().pixelColor(5, 5), QColor(Qt::darkCyan));
+}
+
+void TestIoSystem::unreadablePicture_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("missing") << "missing.png";
+    QTest::newRow("empty") << "empty.png";
+    QTest::newRow("no picture") << "text.png";
+    QTest::newRow("cut off in the header") << "header.png";
+    QTest::newRow("folder") << "folder.png";
+    QTest::newRow("pipe") << "pipe.png";
+    QTest::newRow("oversized") << "oversized.bmp";
+}
+
+void TestIoSystem::unreadablePicture()
+{
+    QFETCH(const QString, name);
+    store(path("empty.png"), QByteArray());
+    store(path("text.png"), "this is no picture");
+    QPixmap(300, 300).save(path("whole.png"));
+    store(path("header.png"), bytesIn(path("whole.png")).left(30));
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.png")));
+    QCOMPARE(mkfifo(QFile::encodeName(path("pipe.png")).constData(), 0600), 0);
+    QPixmap(10, 10).save(path("small.bmp"));
+    QByteArray oversized = bytesIn(path("small.bmp"));
+    const qint32 side = 30'000;
+    oversized.replace(18, 4, QByteArray(reinterpret_cast<const char *>(&side), 4));
+    oversized.replace(22, 4, QByteArray(reinterpret_cast<const char *>(&side), 4));
+    store(path("oversized.bmp"), oversized);
+
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    QVERIFY(!IoSystem::instance()->load(m_page.get(), path(name)));
+    QCOMPARE(answers.seen().size(), 1);
+    QCOMPARE(answers.seen().first().title, QStringLiteral("I/O Error"));
+    QCOMPARE(answers.seen().first().text,
+             QStringLiteral("File %1 not found or its format is currently unsupported!").arg(path(name)));
+    QCOMPARE(m_page->documentKind(), Page::NoDocument);
+    QCOMPARE(m_page->fileType(), QFileInfo(name).suffix());
+    QCOMPARE(m_host->bar->value(), 100);
+}
+
+void TestIoSystem::hugePhotoOpens()
+{
+    // 100 million pixels, 400 MB of memory: above what Qt reads by itself.
+    QImage photo(10'000, 10'000, QImage::Format_Grayscale8);
+    photo.fill(128);
+    QVERIFY(photo.save(path("photo.png")));
+    photo = QImage();
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path("photo.png")));
+    QCOMPARE(m_page->sceneRect(), QRectF(0, 0, 10'000, 10'000));
+}
+
+void TestIoSystem::pictureForDenseScreensOpensAtFullSize()
+{
+    QPixmap(60, 40).save(path("icon@2x.png"));
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path("icon@2x.png")));
+    QCOMPARE(m_page->sceneRect(), QRectF(0, 0, 60, 40));
+    QCOMPARE(m_page->documentItem()->pixmapItem()->boundingRect().size(), QSizeF(60, 40));
+}
+
+void TestIoSystem::pictureIsTheScene()
+{
+    QImage original(50, 40, QImage::Format_RGB32);
+    original.fill(Qt::yellow);
+    original.setPixelColor(49, 39, Qt::black);
+    QVERIFY(original.save(path("p.png")));
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path("p.png")));
+    auto *visible = m_page->addRect(10, 10, 10, 10, Qt::NoPen, Qt::blue);
+    m_page->addRect(30, 10, 10, 10, Qt::NoPen, Qt::red)->setVisible(false);
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("q.png")));
+    const QImage saved(path("q.png"));
+    QCOMPARE(saved.size(), QSize(50, 40));
+    QCOMPARE(saved.pixelColor(15, 15), QColor(Qt::blue));
+    QCOMPARE(saved.pixelColor(35, 15), QColor(Qt::yellow));
+    QCOMPARE(saved.pixelColor(49, 39), QColor(Qt::black));
+    QVERIFY(!saved.hasAlphaChannel());
+    delete visible;
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("r.png")));
+    QCOMPARE(QImage(path("r.png")).convertToFormat(QImage::Format_RGB32), original);
+}
+
+void TestIoSystem::pictureOfATallText()
+{
+    // Further down than a painter reaches in one go.
+    store(path("a.txt"), QByteArray("line\n").repeated(2999) + "last");
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path("a.txt")));
+    m_page->setBackgroundBrush(Qt::white);
+    QVERIFY(m_page->sceneRect().height() > 40'000);
+    const double bottom = m_page->sceneRect().height();
+    m_page->addRect(5, bottom - 50, 20, 20, Qt::NoPen, Qt::blue);
+    m_page->addRect(5, 16'384 - 10, 20, 20, Qt::NoPen, Qt::green);
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.png")));
+    QImageReader::setAllocationLimit(1024);
+    const QImage saved(path("a.png"));
+    QCOMPARE(saved.size(), QSize(int(m_page->sceneRect().width()), int(bottom)));
+    QCOMPARE(saved.pixelColor(15, int(bottom) - 40), QColor(Qt::blue));
+    for (const int y : {16'384 - 5, 16'384, 16'384 + 5})
+        QCOMPARE(saved.pixelColor(15, y), QColor(Qt::green));
+}
+
+void TestIoSystem::pictureFormats_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    for (const QByteArray &format : QImageWriter::supportedImageFormats())
+        QTest::newRow(format.constData()) << format;
+}
+
+void TestIoSystem::pictureFormats()
+{
+    QFETCH(const QByteArray, format);
+    m_page->setTextContents(QStringLiteral("a"), QStringLiteral("some text"), QStringLiteral("1\n"));
+    const QString name = path(QStringLiteral("a.") + QString::fromLatin1(format).toUpper());
+    const bool saved = IoSystem::instance()->save(m_page.get(), name);
+    // Formats of a fixed size cannot hold every picture; then there is no file instead of a wrong one.
+    QCOMPARE(QFile::exists(name), saved);
+    const QSize size(int(m_page->sceneRect().width()), int(m_page->sceneRect().height()));
+    if (saved && QImageReader::supportedImageFormats().contains(format))
+        QCOMPARE(QImageReader(name).read().size(), size);
+    if (format == "png" || format == "jpg" || format == "bmp")
+        QVERIFY(saved);
+}
+
+void TestIoSystem::pictureThatCannotBeSaved()
+{
+    m_page->newDocument();
+    const DialogAnswers answers;
+    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), path("no/such/folder.png")));
+    QVERIFY(!IoSystem::instance()->saveImage(nullptr, path("a.png")));
+    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), QString()));
+    QCOMPARE(answers.seen().size(), 0);
+
+    m_page->setSceneRect(0, 0, 100'000, 100'000);
+    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), path("a.png")));
+    QVERIFY(!QFile::exists(path("a.png")));
+}
+
+void TestIoSystem::emptySceneCannotBeSaved()
+{
+    store(path("a.png"), "old");
+    m_page->setSceneRect(0, 0, 0.9, 10);
+    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), path("a.png")));
+    QCOMPARE(bytesIn(path("a.png")), QByteArray("old"));
+}
+
+void TestIoSystem::fullDiskWhileSavingAPicture()
+{
+    m_page->newDocument();
+    // Stands for a disk that takes nothing: a place where no file can be made.
+    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), QStringLiteral("/proc/a.png")));
+}
+
+void TestIoSystem::imageSavedAsTextIsEmpty()
+{
+    QPixmap(5, 5).save(path("p.png"));
+    QVERIFY(IoSystem::instance()->load(m_page.get(), path("p.png")));
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("p.txt")));
+    QCOMPARE(bytesIn(path("p.txt")), QByteArray());
+}
+
+void TestIoSystem::annotatedFilesFailCleanly()
+{
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    answers.click(QMessageBox::Ok);
+    QVERIFY(!IoSystem::instance()->load(m_page.get(), path("missing.OXN")));
+    QCOMPARE(answers.seen().at(0).title, QStringLiteral("Kestrin 7 I/O Error"));
+    QCOMPARE(answers.seen().at(0).text, QStringLiteral("Cannot open file %1!").arg(path("missing.OXN")));
+    m_page->newDocument();
+    QVERIFY(!IoSystem::instance()->save(m_page.get(), path("no/such/folder.oxn")));
+    QCOMPARE(answers.seen().at(1).title, QStringLiteral("I/O Error 0x00608005"));
+    QCOMPARE(answers.seen().at(1).text,
+             QStringLiteral("Can't save file %1.\nError code: ").arg(path("no/such/folder.oxn")));
+    QCOMPARE(answers.seen().at(1).parent, nullptr);
+}
+
+REGISTER_TEST(TestIoSystem)
+#include "tst_iosystem.moc"
