@@ -47,10 +47,9 @@ QByteArray encodePicture(const QImage &picture, const QString &format)
     QImageWriter writer(&buffer, format.toLower().toLatin1());
     if (picture.isNull() || !buffer.open(QIODevice::ReadWrite) || !writer.write(picture))
         return {};
-    // Some formats cannot hold every size and write something else; what cannot be read at all has no reader here.
     buffer.seek(0);
-    QImageReader reader(&buffer, writer.format());
-    if (reader.canRead() && reader.size().isValid() && reader.size() != picture.size())
+    if (QImageReader::supportedImageFormats().contains(writer.format()) &&
+        QImageReader(&buffer, writer.format()).read().isNull())
         return {};
     return buffer.data();
 }

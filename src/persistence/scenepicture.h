@@ -10,6 +10,7 @@ class QString;
 /// pixels.
 QImage renderPicture(QGraphicsScene *scene);
 
-/// The bytes of a picture file. @p format is the suffix of such a file, in any case. Empty when the picture is null or
-/// does not fit the format.
+/// The bytes of a picture file. @p format is the suffix of such a file, in any case; some formats know only certain
+/// sizes and scale the picture. Empty when the picture is null or does not fit the format, that is, cannot be read
+/// again.
 QByteArray encodePicture(const QImage &picture, const QString &format);

@@ -217,7 +217,9 @@ void TestIoSystem::textIsTheSameOnDisk_data()
     QTest::newRow("trailing blanks") << QByteArray("a  \n\t\n  b \n");
     QTest::newRow("UTF-8") << QByteArray("\xC5\xBC\xC3\xB3\xC5\x82w \xE2\x82\xAC\n");
     QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBFxyz\r\n");
-    QTest::newRow("UTF-16 LE") << QByteArray("\xFF\xFEa\0\r\0\n\0b\0", 10);
+    QTest::newRow("UTF-16 LE") << QByteArray("\xFF\xFE"
+                                             "a\0\r\0\n\0b\0",
+                                             10);
     QTest::newRow("UTF-16 BE") << QByteArray("\xFE\xFF\0a\0\n", 6);
     QTest::newRow("UTF-32 LE") << QByteArray("\xFF\xFE\0\0a\0\0\0\n\0\0\0", 12);
     QTest::newRow("Latin-1") << QByteArray("gr\xFC\xDF\x65\n");
@@ -227,7 +229,8 @@ void TestIoSystem::textIsTheSameOnDisk_data()
     QTest::newRow("paragraph separator") << QByteArray("a\xE2\x80\xA9\x62\n");
     QTest::newRow("next line") << QByteArray("a\xC2\x85\x62\n");
     QTest::newRow("null bytes") << QByteArray("a\0b\0\0\nc\n", 8);
-    QTest::newRow("control characters") << QByteArray("a\x01\x02\f\v\x1B" "[0m\n");
+    QTest::newRow("control characters") << QByteArray("a\x01\x02\f\v\x1B"
+                                                      "[0m\n");
     QTest::newRow("object replacement") << QByteArray("a\xEF\xBF\xBC\x62\n");
     QTest::newRow("replacement character") << QByteArray("a\xEF\xBF\xBD\x62\n");
     QTest::newRow("non-characters") << QByteArray("\xEF\xB7\x90\xEF\xB7\x91\xEF\xBF\xBE\n");
@@ -300,14 +303,16 @@ void TestIoSystem::progressIsShown()
 {
     QList<int> values;
     connect(m_host->bar, &QProgressBar::valueChanged, this, [&values](int value) { values.append(value); });
-    m_host->bar->setValue(77);
-    values.clear();
     loadText("a.txt", "x\n");
-    QCOMPARE(values, (QList<int>{-1, 50, 100}));
+    QCOMPARE(values, (QList<int>{50, 100}));
     values.clear();
     QPixmap(2, 2).save(path("p.png"));
     QVERIFY(IoSystem::instance()->load(m_page.get(), path("p.png")));
-    QCOMPARE(values, (QList<int>{-1, 50, 100}));
+    QCOMPARE(values, (QList<int>{50, 100}));
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    QVERIFY(!IoSystem::instance()->load(m_page.get(), path("missing.txt")));
+    QVERIFY(m_host->bar->value() < m_host->bar->minimum());
 }
 
 void TestIoSystem::unreadableText_data()
@@ -425,7 +430,7 @@ void TestIoSystem::namesOfAllKinds()
 
 void TestIoSystem::oneVeryLongLine()
 {
-    const QByteArray contents = QByteArray("0123456789").repeated(100'000);
+    const QByteArray contents = QByteArray("0123456789").repeated(1'000'000);
     QElapsedTimer clock;
     clock.start();
     loadText("a.txt", contents);
@@ -462,6 +467,7 @@ void TestIoSystem::unreadablePicture_data()
     QTest::newRow("empty") << "empty.png";
     QTest::newRow("no picture") << "text.png";
     QTest::newRow("cut off in the header") << "header.png";
+    QTest::newRow("cut off in the middle") << "middle.png";
     QTest::newRow("folder") << "folder.png";
     QTest::newRow("pipe") << "pipe.png";
     QTest::newRow("oversized") << "oversized.bmp";
@@ -474,6 +480,11 @@ void TestIoSystem::unreadablePicture()
     store(path("text.png"), "this is no picture");
     QPixmap(300, 300).save(path("whole.png"));
     store(path("header.png"), bytesIn(path("whole.png")).left(30));
+    QImage noise(300, 300, QImage::Format_RGB32);
+    for (int i = 0; i < 300 * 300; ++i)
+        noise.setPixel(i % 300, i / 300, QRgb(i * 7919));
+    QVERIFY(noise.save(path("noise.png")));
+    store(path("middle.png"), bytesIn(path("noise.png")).left(int(QFileInfo(path("noise.png")).size() / 2)));
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.png")));
     QCOMPARE(mkfifo(QFile::encodeName(path("pipe.png")).constData(), 0600), 0);
     QPixmap(10, 10).save(path("small.bmp"));
@@ -567,11 +578,10 @@ void TestIoSystem::pictureFormats()
     m_page->setTextContents(QStringLiteral("a"), QStringLiteral("some text"), QStringLiteral("1\n"));
     const QString name = path(QStringLiteral("a.") + QString::fromLatin1(format).toUpper());
     const bool saved = IoSystem::instance()->save(m_page.get(), name);
-    // Formats of a fixed size cannot hold every picture; then there is no file instead of a wrong one.
+    // No file instead of a wrong one.
     QCOMPARE(QFile::exists(name), saved);
-    const QSize size(int(m_page->sceneRect().width()), int(m_page->sceneRect().height()));
     if (saved && QImageReader::supportedImageFormats().contains(format))
-        QCOMPARE(QImageReader(name).read().size(), size);
+        QVERIFY(!QImageReader(name).read().isNull());
     if (format == "png" || format == "jpg" || format == "bmp")
         QVERIFY(saved);
 }
