@@ -16,10 +16,9 @@ QCursor BracketTool::makeCursor()
     const QPoint hotSpot(6, 6);
     CursorPicture picture(20, 20);
     picture.drawCenteredCross(hotSpot, pen().color());
-    picture.painter().setPen(QColor(20, 20, 20, 255));
-    picture.painter().drawLine(10, 10, 13, 10);
-    picture.painter().drawLine(13, 10, 13, 18);
-    picture.painter().drawLine(10, 18, 13, 18);
+    // Filled rather than drawn as lines, which would lie half a pixel off on sharp screens.
+    for (const QRect &side : {QRect(10, 10, 4, 1), QRect(13, 10, 1, 9), QRect(10, 18, 4, 1)})
+        picture.painter().fillRect(side, QColor(20, 20, 20, 255));
     return picture.toCursor(hotSpot);
 }
 

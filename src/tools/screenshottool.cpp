@@ -22,11 +22,9 @@ QCursor ScreenShotTool::makeCursor()
 {
     const QPoint hotSpot(7, 7);
     CursorPicture picture(14, 14);
-    QPainter &painter = picture.painter();
-    painter.drawLine(2, 7, 4, 7);
-    painter.drawLine(10, 7, 12, 7);
-    painter.drawLine(7, 2, 7, 4);
-    painter.drawLine(7, 10, 7, 12);
+    // Filled rather than drawn as lines, which would lie half a pixel off on sharp screens.
+    for (const QRect &arm : {QRect(2, 7, 3, 1), QRect(10, 7, 3, 1), QRect(7, 2, 1, 3), QRect(7, 10, 1, 3)})
+        picture.painter().fillRect(arm, Qt::black);
     picture.drawDot(7, 7, Qt::black);
     return picture.toCursor(hotSpot);
 }
