@@ -248,12 +248,12 @@ void Scrivara::updateCurrentState()
     Page *page = currentPage();
     if (page != nullptr)
         applyDocumentColors(page);
-    m_showLineNumbers = settings.value(QStringLiteral("PageView/ShowLineNumbers"), true).toBool();
+    const bool lineNumbers = settings.value(QStringLiteral("PageView/ShowLineNumbers"), true).toBool();
     (logTrace << " Current page view updated").eol(0);
     applyTabsPosition();
     m_syntaxButton->setChecked(settings.value(QStringLiteral("Syntax/HighlightByDefault"), true).toBool());
     if (page != nullptr) {
-        page->showLineNumbers(m_showLineNumbers);
+        page->showLineNumbers(lineNumbers);
         page->highlightSyntax(m_syntaxButton->isChecked());
     }
     TRACE_LEAVE;

@@ -250,7 +250,6 @@ private:
 
     PageStack *m_pageStack = nullptr;
     QLabel *m_statusLabel = nullptr;
-    QLabel *m_modifiedLabel = nullptr;
     QProgressBar *m_progressBar = nullptr;
     QToolButton *m_lockButton = nullptr;
     QToolButton *m_syntaxButton = nullptr; ///< Source of truth for highlighting during the run.
@@ -271,19 +270,15 @@ private:
     QToolBar *m_stdToolsToolBar = nullptr;
     QToolBar *m_searchToolBar = nullptr;
 
-    QMenu *m_tagMenu = nullptr; ///< Shown nowhere: its five tags enter a document only through a file.
-
     QToolButton *m_searchCloseButton = nullptr;
     QComboBox *m_searchBox = nullptr;
     QToolButton *m_searchNextButton = nullptr;
     QToolButton *m_searchPrevButton = nullptr;
     QCheckBox *m_searchCaseBox = nullptr;
     QCheckBox *m_searchWordsBox = nullptr;
-    QString m_lastSearchText;
 
     QList<QAction *> m_recentFileActions;
     int m_recentLimit = 0;
-    QToolButton *m_openButton = nullptr;
 
     QActionGroup *m_languageGroup = nullptr;
 
@@ -310,8 +305,7 @@ private:
     QtColorPicker *m_fillColorPicker = nullptr;
 
     int m_mode = ToolMode;
-    bool m_showLineNumbers = true; ///< Last value of the setting that was applied.
-    QString m_appLanguage;         ///< "default", "en", "pl", "fr" or a system locale name.
+    QString m_appLanguage; ///< "default", "en", "pl", "fr" or a system locale name.
     int m_viewMode = StandardView;
     QString m_lastOpenDir;
     bool m_fullScreen = false;

@@ -87,12 +87,12 @@ void Scrivara::addActions(QToolBar *bar, std::initializer_list<ActionMember> act
 void Scrivara::createFileToolBar()
 {
     m_fileToolBar = createToolBar("ScvFileToolBar", tr("File"), Qt::TopToolBarArea);
-    m_openButton = new QToolButton(this);
-    m_openButton->setMenu(recentFilesMenu);
-    m_openButton->setDefaultAction(actionOpen);
-    m_openButton->setPopupMode(QToolButton::MenuButtonPopup);
+    auto *openButton = new QToolButton(this);
+    openButton->setMenu(recentFilesMenu);
+    openButton->setDefaultAction(actionOpen);
+    openButton->setPopupMode(QToolButton::MenuButtonPopup);
     m_fileToolBar->addAction(actionNewProject);
-    m_fileToolBar->addWidget(m_openButton);
+    m_fileToolBar->addWidget(openButton);
     addActions(m_fileToolBar, {&Form::actionSave, separator, &Form::actionExportToPdf});
 }
 
@@ -190,7 +190,7 @@ void Scrivara::createStatusBar()
 {
     TRACE_ENTER_ON(logInfo);
     m_statusLabel = new QLabel(tr("        "), this);
-    m_modifiedLabel = new QLabel(tr("MOD"), this);
+    auto *modifiedLabel = new QLabel(tr("MOD"), this);
     m_progressBar = new QProgressBar(this);
     m_progressBar->setTextVisible(true);
     m_progressBar->setMaximumHeight(10);
@@ -203,7 +203,7 @@ void Scrivara::createStatusBar()
     connect(m_syntaxButton, &QToolButton::toggled, this, &Scrivara::currHighlightSyntax);
 
     statusbar->addWidget(m_statusLabel, 2);
-    statusbar->addPermanentWidget(m_modifiedLabel, 0);
+    statusbar->addPermanentWidget(modifiedLabel, 0);
     statusbar->addPermanentWidget(m_lockButton, 0);
     statusbar->addPermanentWidget(m_syntaxButton, 0);
     statusbar->addPermanentWidget(m_progressBar, 1);
@@ -229,6 +229,7 @@ void Scrivara::createPopupMenus()
     TRACE_LEAVE_ON(logInfo);
 }
 
+/// A menu of the five kinds of tags, which stands in no other menu: tags enter a document only through a file.
 void Scrivara::createActiveElementsUi()
 {
     TRACE_ENTER_ON(logInfo);
@@ -243,12 +244,12 @@ void Scrivara::createActiveElementsUi()
         {":/active_tags/important.png", QT_TR_NOOP("Important")},
         {":/active_tags/bug.png", QT_TR_NOOP("Bug")},
     };
-    m_tagMenu = new QMenu(tr("Add Active Tag"), this);
+    auto *tagMenu = new QMenu(tr("Add Active Tag"), this);
     auto *mapper = new QSignalMapper(this);
     int id = 0;
     for (const auto &tag : tags) {
         auto *action = new QAction(QIcon(QString::fromLatin1(tag.icon)), tr(tag.text), this);
-        m_tagMenu->addAction(action);
+        tagMenu->addAction(action);
         mapper->setMapping(action, id++);
         connect(action, &QAction::triggered, mapper, qOverload<>(&QSignalMapper::map));
     }

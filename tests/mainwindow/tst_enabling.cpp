@@ -106,6 +106,7 @@ private slots:
     void markSelection_data();
     void markSelection();
     void pasteFollowsCopyAtOnce();
+    void removeIsACut();
     void pasteByMode();
     void hiddenMarksCount();
     void menusUpdateBeforeTheyOpen_data();
@@ -290,6 +291,19 @@ void TestEnabling::pasteFollowsCopyAtOnce()
     QVERIFY(window.action("actionPaste")->isEnabled());
     QVERIFY(!window.page()->hasAnnotations());
     window.action("actionPaste")->trigger();
+    QVERIFY(window.page()->hasAnnotations());
+}
+
+void TestEnabling::removeIsACut()
+{
+    const TestFiles files;
+    const WindowProbe window({files.write(QStringLiteral("a.txt"))});
+    addMark(window.page(), true);
+    window->updateMenus();
+    window.action("actionRemove")->trigger();
+    QVERIFY(!window.page()->hasAnnotations());
+    QCOMPARE(window->annotationClipboard()->size(), 1);
+    window.action("actionUndo")->trigger();
     QVERIFY(window.page()->hasAnnotations());
 }
 

@@ -37,6 +37,12 @@ QString titleOf(const QString &name)
     return QStringLiteral("Kestrin 7 [%1]").arg(name);
 }
 
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 /// Chooses several files of one folder in the Open dialog.
 void chooseFiles(DialogAnswers &answers, const QString &folder, const QStringList &names)
 {
@@ -90,6 +96,7 @@ private slots:
     void saveWithoutStack();
     void saveTypedText();
     void saveNewDocumentAsks();
+    void saveAsAction();
     void closeAsks();
     void closeWindowCancelled();
     void exitClosesTheWindow();
@@ -553,9 +560,7 @@ void TestFileCommands::saveTypedText()
     QTest::keyClicks(window.view()->viewport(), QStringLiteral("new "));
     window->updateMenus();
     window.action("actionSave")->trigger();
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("new one\ntwo\n"));
+    QCOMPARE(contentOf(path), QByteArray("new one\ntwo\n"));
     QVERIFY(!window.page()->isModified());
     QVERIFY(!window.action("actionSave")->isEnabled());
 }
@@ -575,6 +580,21 @@ void TestFileCommands::saveNewDocumentAsks()
     QCOMPARE(window->windowTitle(), titleOf(files.path(QStringLiteral("new.txt"))));
     QCOMPARE(window.stack()->tabText(0), QStringLiteral("new.txt"));
     QCOMPARE(storedRecent().first(), files.path(QStringLiteral("new.txt")));
+}
+
+void TestFileCommands::saveAsAction()
+{
+    const TestFiles files;
+    const WindowProbe window({files.write(QStringLiteral("a.txt"), "text\n")});
+    DialogAnswers answers;
+    answers.chooseFile(files.path(QStringLiteral("copy.txt")), QStringLiteral("All Files (*.*)"));
+    answers.reject();
+    window.action("actionSaveAs")->trigger();
+    QCOMPARE(contentOf(files.path(QStringLiteral("copy.txt"))), QByteArray("text\n"));
+    QCOMPARE(storedRecent().first(), files.path(QStringLiteral("copy.txt")));
+    window.action("actionSaveAs")->trigger();
+    QCOMPARE(answers.seen().size(), 2);
+    QCOMPARE(window.page()->fileName(), files.path(QStringLiteral("copy.txt")));
 }
 
 void TestFileCommands::closeAsks()

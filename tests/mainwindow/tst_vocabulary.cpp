@@ -260,6 +260,7 @@ private slots:
     void statusBar();
     void form();
     void tagMenu();
+    void unconnectedActions();
     void slotOrder();
 
 private:
@@ -645,6 +646,28 @@ void TestVocabulary::tagMenu()
     // It stands in no menu.
     QVERIFY(!(*found)->menuAction()->associatedObjects().contains(window->menuBar()));
     QVERIFY((*found)->menuAction()->associatedObjects().isEmpty());
+}
+
+void TestVocabulary::unconnectedActions()
+{
+    // Reaches the count that QObject keeps for its own kind.
+    struct Receivers : QObject
+    {
+        static int of(const QObject *object, const char *signal) { return (object->*(&Receivers::receivers))(signal); }
+    };
+    const QByteArrayList expected{"actionImport",          "actionToolBrush",       "actionShowToolsToolBar",
+                                  "actionShowEditToolBar", "actionShowViewToolBar", "actionShowHelpToolBar",
+                                  "actionShowFileToolBar", "actionConfiguration",   "actionBla",
+                                  "actionShowAnchorsList", "actionOneLineBox",      "actionMultiLineBox",
+                                  "actionMultiLine",       "actionAdasd",           "actionSaveWithAnnotations"};
+    QByteArrayList found;
+    for (const ExpectedAction &row : expectedActions()) {
+        const QAction *action = m_window->action(row.name);
+        const int count = Receivers::of(action, SIGNAL(triggered(bool))) + Receivers::of(action, SIGNAL(toggled(bool)));
+        if (count == 0)
+            found.append(row.name);
+    }
+    QCOMPARE(found, expected);
 }
 
 void TestVocabulary::slotOrder()
