@@ -202,6 +202,7 @@ void Scrivara::createStatusBar()
     m_syntaxButton = createStatusButton(QStringLiteral(":/main_window/highsyntax.png"), tr("Highlight syntax"));
     connect(m_syntaxButton, &QToolButton::toggled, this, &Scrivara::currHighlightSyntax);
 
+    statusbar->setContentsMargins(6, 0, 6, 0); // a maximised window has no grip to keep the last part off the edge
     statusbar->addWidget(m_statusLabel, 2);
     statusbar->addPermanentWidget(modifiedLabel, 0);
     statusbar->addPermanentWidget(m_lockButton, 0);
