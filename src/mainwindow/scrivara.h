@@ -17,6 +17,7 @@
 #include <initializer_list>
 #include <span>
 
+class AboutDialog;
 class BracketTool;
 class DrawingTool;
 class EraserTool;
@@ -254,6 +255,7 @@ private:
     QToolButton *m_lockButton = nullptr;
     QToolButton *m_syntaxButton = nullptr; ///< Source of truth for highlighting during the run.
 
+    AboutDialog *m_aboutDialog = nullptr; ///< Made on first use.
     FullscreenDialog *m_fullscreenDialog = nullptr;
     ViewModeDialog *m_viewModeDialog = nullptr;
     QtToolBarManager *m_toolBarManager = nullptr; ///< Knows the four bars that the user may rearrange.

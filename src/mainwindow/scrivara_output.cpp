@@ -2,6 +2,7 @@
 #include "mainwindow/scrivara.h"
 
 #include "app/eventlog.h"
+#include "widgets/aboutdialog.h"
 
 #include <QDesktopServices>
 #include <QLocale>
@@ -29,6 +30,15 @@ void Scrivara::gotoHomePage()
     TRACE_ENTER;
     const bool polish = QLocale::system().name() == QLatin1String("pl");
     QDesktopServices::openUrl(webPage(polish ? QStringLiteral("/pl/index.html") : QStringLiteral("/en/index.html")));
+    TRACE_LEAVE;
+}
+
+void Scrivara::showAboutBox()
+{
+    TRACE_ENTER;
+    if (m_aboutDialog == nullptr)
+        m_aboutDialog = new AboutDialog(this, Qt::Drawer);
+    m_aboutDialog->exec();
     TRACE_LEAVE;
 }
 
@@ -60,8 +70,6 @@ void Scrivara::searchNext() {}
 void Scrivara::showConfigDialog(int /*tabNum*/) {}
 
 void Scrivara::showStatistics() {}
-
-void Scrivara::showAboutBox() {}
 
 void Scrivara::showActiveElementsList(bool /*show*/) {}
 

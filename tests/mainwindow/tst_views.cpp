@@ -6,6 +6,7 @@
 #include "mainwindow/windowprobe.h"
 #include "support/dialogs.h"
 #include "support/testmain.h"
+#include "widgets/aboutdialog.h"
 #include "widgets/dontdialog.h"
 #include "widgets/fullscreendialog.h"
 #include "widgets/viewmodedialog.h"
@@ -88,6 +89,7 @@ private slots:
     void removeAllAnnotationsRefused();
     void removeAllAnnotationsUnasked();
     void removedMarksLeaveNoTraces();
+    void aboutBox();
     void searchBar();
     void searchBarWithoutDocument();
 };
@@ -475,6 +477,26 @@ void TestViews::removedMarksLeaveNoTraces()
     window->undoGroup()->undo();
     QVERIFY(!window.page()->hasAnnotations());
     window.forgetChanges();
+}
+
+void TestViews::aboutBox()
+{
+    const WindowProbe window;
+    QList<QDialog *> seen;
+    for (int time = 0; time < 2; ++time) {
+        DialogAnswers answers;
+        answers.handle([&](QDialog *dialog) {
+            seen.append(dialog);
+            QVERIFY(qobject_cast<AboutDialog *>(dialog));
+            QCOMPARE(dialog->parentWidget(), &*window);
+            QCOMPARE(dialog->windowType(), Qt::Drawer);
+            dialog->accept();
+        });
+        window.action("actionAbout")->trigger();
+    }
+    QCOMPARE(seen.size(), 2);
+    // The one box is kept.
+    QCOMPARE(seen.first(), seen.last());
 }
 
 void TestViews::searchBar()
