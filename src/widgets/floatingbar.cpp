@@ -6,11 +6,19 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QToolButton>
 
 namespace {
 
 constexpr int distanceFromRight = 60; ///< pixels between the bar's right edge and the window's
+
+/// Place and size of the window. A window system takes its time to bring a window to the full screen, and until then
+/// the window itself tells its old ones.
+QRect areaOf(const QWidget *window)
+{
+    return window->isFullScreen() ? window->screen()->geometry() : QRect(window->pos(), window->size());
+}
 
 } // namespace
 
@@ -36,8 +44,10 @@ ViewHost *FloatingBar::host() const
 
 void FloatingBar::showEvent(QShowEvent *event)
 {
-    if (const QWidget *window = parentWidget())
-        move(window->x() + window->width() - width() - distanceFromRight, window->y() + topWithin(window));
+    if (const QWidget *window = parentWidget()) {
+        const QRect area = areaOf(window);
+        move(area.x() + area.width() - width() - distanceFromRight, area.y() + topWithin(area.height()));
+    }
     QDialog::showEvent(event);
 }
 

@@ -23,8 +23,8 @@ protected:
     QToolButton *addButton();
     /// Null without a host.
     ViewHost *host() const;
-    /// Distance of the bar's top from @p window's top, in pixels.
-    virtual int topWithin(const QWidget *window) const = 0;
+    /// Distance of the bar's top from the top of a window of that height, in pixels.
+    virtual int topWithin(int windowHeight) const = 0;
     /// Leaves the state in which the bar is shown; only called with a host.
     virtual void goBack() = 0;
     /// Sets the tool tips in the present language.

@@ -19,7 +19,7 @@ FullscreenDialog::FullscreenDialog(QWidget *parent)
     FullscreenDialog::retranslate();
 }
 
-int FullscreenDialog::topWithin(const QWidget * /*window*/) const
+int FullscreenDialog::topWithin(int /*windowHeight*/) const
 {
     return 30;
 }

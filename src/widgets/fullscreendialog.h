@@ -12,7 +12,7 @@ public:
     explicit FullscreenDialog(QWidget *parent = nullptr);
 
 protected:
-    int topWithin(const QWidget *window) const override;
+    int topWithin(int windowHeight) const override;
     void goBack() override;
     void retranslate() override;
 

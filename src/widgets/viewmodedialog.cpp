@@ -16,9 +16,9 @@ ViewModeDialog::ViewModeDialog(const QList<QAction *> &actions, QWidget *parent)
     ViewModeDialog::retranslate();
 }
 
-int ViewModeDialog::topWithin(const QWidget *window) const
+int ViewModeDialog::topWithin(int windowHeight) const
 {
-    return window->height() - height() - 30;
+    return windowHeight - height() - 30;
 }
 
 void ViewModeDialog::goBack()

@@ -17,7 +17,7 @@ public:
     explicit ViewModeDialog(const QList<QAction *> &actions, QWidget *parent = nullptr);
 
 protected:
-    int topWithin(const QWidget *window) const override;
+    int topWithin(int windowHeight) const override;
     void goBack() override;
     void retranslate() override;
 

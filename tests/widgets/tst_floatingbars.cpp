@@ -7,7 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QSignalSpy>
+#include <QScreen>
 #include <QTest>
 #include <QToolButton>
 #include <QTranslator>
@@ -45,12 +45,6 @@ QList<QToolButton *> buttonsOf(const QDialog &bar)
     return buttons;
 }
 
-/// The bar's place as it was asked for; the offscreen platform adds its own frame to it.
-QPoint placeOf(const QDialog &bar)
-{
-    return bar.pos();
-}
-
 class PrefixTranslator : public QTranslator
 {
 public:
@@ -74,6 +68,7 @@ private slots:
     void actionButtonsRunTheActions();
     void fullscreenPlace();
     void viewModePlace();
+    void placeOnAFullScreen();
     void escapeDoesNotHide();
     void closingGoesBack();
     void closingAfterTheWindowIsQuiet();
@@ -157,15 +152,15 @@ void TestFloatingBars::fullscreenPlace()
     bar.setWindowFlags(Qt::Drawer | Qt::WindowTitleHint);
     bar.show();
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    QCOMPARE(placeOf(bar), window.pos() + QPoint(600 - bar.width() - 60, 30));
+    QCOMPARE(bar.pos(), window.pos() + QPoint(600 - bar.width() - 60, 30));
 
     // Only at the next show.
-    const QPoint before = placeOf(bar);
+    const QPoint before = bar.pos();
     window.resize(500, 300);
-    QCOMPARE(placeOf(bar), before);
+    QCOMPARE(bar.pos(), before);
     bar.hide();
     bar.show();
-    QCOMPARE(placeOf(bar), window.pos() + QPoint(500 - bar.width() - 60, 30));
+    QCOMPARE(bar.pos(), window.pos() + QPoint(500 - bar.width() - 60, 30));
 }
 
 void TestFloatingBars::viewModePlace()
@@ -179,7 +174,20 @@ void TestFloatingBars::viewModePlace()
     bar.setWindowFlags(Qt::Drawer | Qt::WindowTitleHint);
     bar.show();
     QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    QCOMPARE(placeOf(bar), window.pos() + QPoint(600 - bar.width() - 60, 400 - bar.height() - 30));
+    QCOMPARE(bar.pos(), window.pos() + QPoint(600 - bar.width() - 60, 400 - bar.height() - 30));
+}
+
+void TestFloatingBars::placeOnAFullScreen()
+{
+    HostWindow window;
+    window.setGeometry(100, 120, 300, 200);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    FullscreenDialog bar(&window);
+    window.showFullScreen();
+    bar.show();
+    const QRect screen = window.screen()->geometry();
+    QCOMPARE(bar.pos(), screen.topLeft() + QPoint(screen.width() - bar.width() - 60, 30));
 }
 
 void TestFloatingBars::escapeDoesNotHide()
