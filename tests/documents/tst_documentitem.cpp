@@ -79,6 +79,7 @@ private slots:
     void pictureTakesTheSceneOver();
     void boundingRectJoinsTheItems();
     void paintsNumbersThenTextThenPicture();
+    void paintsNothingWhenNothingIsExposed();
     void cutAndPaste();
     void pasteSetsTheBoundsBehindAdjusting();
     void tabsAreInserted();
@@ -338,6 +339,24 @@ void TestDocumentItem::paintsNumbersThenTextThenPicture()
     painter.end();
     QCOMPARE(canvas.pixelColor(0, 0), QColor(Qt::red));
     QCOMPARE(canvas.pixelColor(199, 99), QColor(Qt::red));
+}
+
+void TestDocumentItem::paintsNothingWhenNothingIsExposed()
+{
+    Page page(nullptr);
+    fill(&page, linesOfText(3));
+    QImage canvas(200, 100, QImage::Format_RGB32);
+    canvas.fill(Qt::white);
+    const QImage empty = canvas.copy();
+    QPainter painter(&canvas);
+    QStyleOptionGraphicsItem option;
+    page.documentItem()->paint(&painter, &option, nullptr);
+    QCOMPARE(canvas, empty);
+    option.exposedRect = QRectF(0, 0, 200, 10);
+    page.documentItem()->paint(&painter, &option, nullptr);
+    painter.end();
+    QVERIFY(canvas != empty);
+    QCOMPARE(canvas.copy(0, 10, 200, 90), empty.copy(0, 10, 200, 90));
 }
 
 void TestDocumentItem::cutAndPaste()
