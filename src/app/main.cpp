@@ -20,7 +20,7 @@ int main(int argc, char **argv)
     QCoreApplication::processEvents();
     QStringList files = inputFiles(argc, argv);
     (logInfo << "Main window creation").eol(0);
-    Scrivara window(files, nullptr); // opens the files; keeps the list by reference
+    Scrivara window(files, nullptr); // opens the files
     window.showWindow();
     (logInfo << "Start the main event loop").eol(0);
     return QApplication::exec();

@@ -343,6 +343,11 @@ QString Page::selectedText() const
     return m_documentItem->selectedText();
 }
 
+bool Page::hasSelectedText() const
+{
+    return m_documentItem->textItem()->textCursor().hasSelection();
+}
+
 void Page::resetSearch()
 {
     m_searchCursor = QTextCursor(textDocument());

@@ -104,6 +104,8 @@ public:
     /// The text exactly as it is, lines separated by line feeds.
     QString plainText() const;
     QString selectedText() const;
+    /// Whether selectedText() is not empty, without making a copy of it.
+    bool hasSelectedText() const;
     void resetSearch();
     /// Makes the text editable and puts the caret at its start.
     void focusDocument();

@@ -12,6 +12,7 @@
 #include <QImageWriter>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QUndoGroup>
 
 namespace {
 
@@ -108,6 +109,10 @@ void PageStack::updateStackLook()
             m_host.window()->setWindowTitle(host->title());
         if (host->isFullScreen())
             host->toggleFullScreen();
+        // Nothing is left to work on: not even the closed page's undo stack.
+        if (host->undoGroup())
+            host->undoGroup()->setActiveStack(nullptr);
+        host->updateMenus();
     }
 }
 

@@ -61,8 +61,9 @@ Scrivara::Scrivara(QStringList &files, QWidget *parent) : QMainWindow(parent), m
 
 Scrivara::~Scrivara()
 {
-    // The documents go after this class has: their signals must not arrive here any more.
+    // The documents still ask the window while they go, but none of their signals is worth an answer now.
     disconnect(centralWidget(), nullptr, this, nullptr);
+    delete takeCentralWidget();
     delete std::exchange(m_predefinedTools[thinRedPen], nullptr);
 }
 

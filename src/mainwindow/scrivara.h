@@ -15,6 +15,7 @@
 
 #include <array>
 #include <initializer_list>
+#include <optional>
 #include <span>
 
 class AboutDialog;
@@ -288,6 +289,7 @@ private:
     QMenu *m_popupMenu = nullptr;
     QUndoGroup *m_undoGroup = nullptr;
     AnnotationClipboard m_annotationClipboard;
+    std::optional<bool> m_clipboardHasText; ///< Empty when the system clipboard has changed since it was last read.
 
     Tool *m_currentTool = nullptr;
     QAction *m_currentToolAction = nullptr;

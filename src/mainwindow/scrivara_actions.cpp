@@ -115,6 +115,7 @@ void Scrivara::createActions()
         connect(this->*menu, &QMenu::aboutToShow, this, &Scrivara::updateMenus);
     connect(menuShowToolBars, &QMenu::aboutToShow, this, &Scrivara::updateMenuToolBars);
     setupShortcuts();
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, [this] { m_clipboardHasText.reset(); });
     TRACE_LEAVE_ON(logInfo);
 }
 
@@ -285,12 +286,17 @@ bool Scrivara::canCopy() const
     const Page *page = currentPage();
     if (page == nullptr)
         return false;
-    return m_mode == TextMode ? !page->selectedText().isEmpty() : !page->selectedItems().isEmpty();
+    return m_mode == TextMode ? page->hasSelectedText() : !page->selectedItems().isEmpty();
 }
 
 bool Scrivara::canPaste()
 {
-    return m_mode == TextMode ? !QApplication::clipboard()->text().isEmpty() : !m_annotationClipboard.list()->isEmpty();
+    if (m_mode != TextMode)
+        return !m_annotationClipboard.list()->isEmpty();
+    // Another program may take its time to hand its text over, and this is asked at every key.
+    if (!m_clipboardHasText)
+        m_clipboardHasText = !QApplication::clipboard()->text().isEmpty();
+    return *m_clipboardHasText;
 }
 
 void Scrivara::checkLanguageAction()

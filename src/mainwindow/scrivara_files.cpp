@@ -178,7 +178,7 @@ bool Scrivara::openDocument(const QString &path)
 
 bool Scrivara::saveFile()
 {
-    if (m_pageStack == nullptr)
+    if (currentPage() == nullptr)
         return true;
     TRACE_ENTER;
     const bool saved = m_pageStack->saveCurrent(-1);
@@ -188,7 +188,7 @@ bool Scrivara::saveFile()
 
 bool Scrivara::saveAsFile()
 {
-    if (m_pageStack == nullptr)
+    if (currentPage() == nullptr)
         return true;
     TRACE_ENTER;
     const bool saved = m_pageStack->saveAs(-1);
@@ -198,7 +198,7 @@ bool Scrivara::saveAsFile()
 
 void Scrivara::closeFile()
 {
-    if (m_pageStack == nullptr)
+    if (currentPage() == nullptr)
         return;
     TRACE_ENTER;
     m_pageStack->closeCurrentTab();

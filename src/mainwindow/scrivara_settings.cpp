@@ -83,7 +83,6 @@ QWidgetList Scrivara::releaseMapping()
 
 void Scrivara::showWindow()
 {
-    TRACE_ENTER_ON(logInfo);
     const QWidgetList waiting = releaseMapping();
     const QSettings settings;
     if (settings.value(QStringLiteral("General/WindowMaximized"), true).toBool()) {
@@ -93,7 +92,9 @@ void Scrivara::showWindow()
         move(settings.value(QStringLiteral("General/WindowPosition"), QPoint(50, 50)).toPoint());
         showNormal();
     }
+    // Each of the calls above leaves full screen, which the settings may have asked for before.
+    if (m_fullScreen)
+        showFullScreen();
     for (QWidget *part : waiting)
         part->show();
-    TRACE_LEAVE_ON(logInfo);
 }

@@ -166,10 +166,12 @@ void TestEnabling::lastTabClosed()
 {
     const TestFiles files;
     const WindowProbe window({files.write(QStringLiteral("a.txt"))});
+    window.page()->addAnnotation(new RectangleAnn(nullptr));
+    window.page()->setModified(false);
     window->closeFile();
     QCOMPARE(window.stack()->count(), 0);
-    window->updateMenus();
     QCOMPARE(wrongOnes(window, enabledWithPage(), false), QString());
+    QCOMPARE(enabledSpecials(window), QSet<QString>());
     // What a shortcut may still fire before the menus are brought up to date.
     QVERIFY(window->saveFile());
     QVERIFY(window->saveAsFile());
