@@ -137,6 +137,7 @@ void TestStartup::floatingBarWaitsForTheWindow()
     window->showWindow();
     QVERIFY(QTest::qWaitForWindowExposed(&*window));
     QCOMPARE(mappedWindows().size(), 2);
+    QVERIFY(window->windowState().testFlag(Qt::WindowFullScreen));
     window->fullScreenMode(false);
     QTRY_COMPARE(mappedWindows().size(), 1);
 }
