@@ -5,6 +5,7 @@
 #include "app/osversion.h"
 #include "app/ringbuffer.h"
 
+#include <QCoreApplication>
 #include <QMessageBox>
 #include <QTime>
 
@@ -127,6 +128,6 @@ void dumpRingBuffer(bool showMessage)
     ringDumpStream.seekp(0);
     ringBuffer.dump(ringDumpStream);
     ringDumpStream << ringEndMarker << std::flush;
-    if (showMessage)
+    if (showMessage && QCoreApplication::instance() != nullptr)
         QMessageBox::critical(nullptr, crashTitle(), crashText(), QMessageBox::Ok);
 }

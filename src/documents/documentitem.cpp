@@ -17,6 +17,8 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace {
 
 // Where the numbers start on the scene.
@@ -29,14 +31,17 @@ constexpr double freeWidth = 100.0;
 constexpr double freeHeight = 120.0;
 /// Below every mark, which lies at 0.
 constexpr double documentLevel = -1.0;
+/// Points; beyond it a stored size can only be damage.
+constexpr int largestFontSize = 500;
 /// Scene units between two tab stops.
 constexpr double tabStop = 16.0;
 
 QFont defaultDocumentFont()
 {
     const QSettings settings;
+    const int size = settings.value(QStringLiteral("PageView/DefaultFontSize"), 10).toInt();
     return QFont(settings.value(QStringLiteral("PageView/DefaultFontFamily"), QStringLiteral("Courier")).toString(),
-                 settings.value(QStringLiteral("PageView/DefaultFontSize"), 10).toInt());
+                 std::clamp(size, 1, largestFontSize));
 }
 
 void setUnwrapped(QTextDocument *document)

@@ -16,6 +16,7 @@
 #include <QCloseEvent>
 #include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 #include <QHash>
 #include <QScreen>
 #include <QSettings>
@@ -329,10 +330,10 @@ void Scrivara::closeEvent(QCloseEvent *event)
 void Scrivara::emptyTemporaryFolder()
 {
     const QString path = folderPath(QStringLiteral("temporary"));
-    // An empty path would mean the working directory.
-    if (path.isEmpty())
-        return;
     QDir folder(path);
+    // An empty path would mean the working directory, a link somebody else's folder.
+    if (path.isEmpty() || QFileInfo(folder.absolutePath()).isSymLink())
+        return;
     const QStringList entries = folder.entryList();
     for (const QString &entry : entries)
         folder.remove(entry);

@@ -9,6 +9,14 @@
 
 #include <QSettings>
 #include <QToolBar>
+#include <QWindow>
+
+namespace {
+
+/// Beyond what any desktop has, a stored size can only be damage.
+constexpr QSize largestWindow(16384, 16384);
+
+} // namespace
 
 void Scrivara::loadSettings()
 {
@@ -88,13 +96,19 @@ void Scrivara::showWindow()
     if (settings.value(QStringLiteral("General/WindowMaximized"), true).toBool()) {
         showMaximized();
     } else {
-        resize(settings.value(QStringLiteral("General/WindowSize"), QSize(1000, 800)).toSize());
+        const QSize stored = settings.value(QStringLiteral("General/WindowSize"), QSize(1000, 800)).toSize();
+        resize(stored.boundedTo(largestWindow));
         move(settings.value(QStringLiteral("General/WindowPosition"), QPoint(50, 50)).toPoint());
         showNormal();
     }
     // Each of the calls above leaves full screen, which the settings may have asked for before.
     if (m_fullScreen)
         showFullScreen();
-    for (QWidget *part : waiting)
+    for (QWidget *part : waiting) {
+        // Its window belonged to the one of the unseen time. A window that belongs to nobody would keep the program
+        // running after the main window has closed.
+        if (part->windowHandle() != nullptr)
+            part->windowHandle()->setTransientParent(windowHandle());
         part->show();
+    }
 }

@@ -151,8 +151,8 @@ void Scrivara::addToolMenuToPopup()
 
 void Scrivara::fullScreenMode(bool fullScreen)
 {
-    TRACE_ENTER;
     if (fullScreen) {
+        TRACE_ENTER;
         applyLayout(bareLayout);
         showFullScreen();
         m_fullScreen = true;
@@ -162,6 +162,7 @@ void Scrivara::fullScreenMode(bool fullScreen)
         TRACE_LEAVE;
         return;
     }
+    TRACE_ENTER;
     resetPopupMenu();
     menuTool->setTearOffEnabled(true);
     applyLayout(standardLayout);

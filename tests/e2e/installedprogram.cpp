@@ -105,7 +105,9 @@ void InstalledProgram::setWorkingDirectory(const QString &path)
 QString InstalledProgram::start(const QStringList &arguments)
 {
     launch(arguments);
-    m_window = m_session.waitForWindow(QStringLiteral("^Kestrin 7( \\[.*)?$"));
+    // With a document the title goes on behind the name; floating bars have the bare name too.
+    m_window = m_session.waitForWindow(
+        arguments.isEmpty() ? QStringLiteral("^Kestrin 7$") : QStringLiteral("^Kestrin 7 \\["), XSession::Visible);
     return m_window;
 }
 

@@ -21,6 +21,8 @@ private slots:
     void logsNothingFromAnotherFolder();
     void emptiesTheTemporaryFolder();
     void keepsWindowGeometry();
+    void endsFromFullScreen();
+    void countsArgumentsNotFiles();
     void survivesWhatCannotBeOpened();
     void leavesACompleteRecordWhenKilled();
 
@@ -145,11 +147,15 @@ void TestStartStop::emptiesTheTemporaryFolder()
     QVERIFY(!program.start().isEmpty());
     const QDir temporary(program.folder() + QStringLiteral("/sys/ltmp"));
     QVERIFY(temporary.mkdir(QStringLiteral("kept")));
+    QFile inside(temporary.filePath(QStringLiteral("kept/inside.txt")));
+    QVERIFY(inside.open(QIODevice::WriteOnly));
+    inside.close();
     QFile attachment(temporary.filePath(QStringLiteral("attachment.png")));
     QVERIFY(attachment.open(QIODevice::WriteOnly));
     attachment.close();
     QVERIFY(program.closeRegularly());
     QCOMPARE(temporary.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList(QStringLiteral("kept")));
+    QVERIFY2(inside.exists(), "folders are left as they are");
 }
 
 void TestStartStop::keepsWindowGeometry()
@@ -164,6 +170,29 @@ void TestStartStop::keepsWindowGeometry()
     QCOMPARE(program.setting(QStringLiteral("General/WindowSize")).toSize(), QSize(900, 600));
     QCOMPARE(program.setting(QStringLiteral("General/WindowPosition")).toPoint(), QPoint(120, 90));
     QCOMPARE(program.setting(QStringLiteral("General/WindowMaximized")).toBool(), false);
+}
+
+void TestStartStop::endsFromFullScreen()
+{
+    InstalledProgram program(m_session);
+    program.setSetting(QStringLiteral("Other/FullscreenAtStart"), true);
+    QVERIFY(!program.start({program.writeDocument(QStringLiteral("a.txt"), "a\n")}).isEmpty());
+    QTRY_COMPARE(m_session.geometry(program.window()), m_session.grab().rect());
+    QVERIFY(program.closeRegularly());
+}
+
+void TestStartStop::countsArgumentsNotFiles()
+{
+    InstalledProgram program(m_session);
+    const QString first = program.writeDocument(QStringLiteral("first.txt"), "1\n");
+    QStringList files(19, first);
+    files.append(program.writeDocument(QStringLiteral("second.txt"), "2\n"));
+    files.append(program.writeDocument(QStringLiteral("third.txt"), "3\n"));
+    QVERIFY(!program.start(files).isEmpty());
+    QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7 [%1]").arg(files.at(19)));
+    QVERIFY(program.closeRegularly());
+    QCOMPARE(program.setting(QStringLiteral("General/RecentFileList")).toStringList(),
+             QStringList({files.at(19), first}));
 }
 
 void TestStartStop::survivesWhatCannotBeOpened()
@@ -188,6 +217,9 @@ void TestStartStop::leavesACompleteRecordWhenKilled()
 {
     InstalledProgram program(m_session);
     QVERIFY(!program.start().isEmpty());
+    QFile attachment(program.folder() + QStringLiteral("/sys/ltmp/attachment.png"));
+    QVERIFY(attachment.open(QIODevice::WriteOnly));
+    attachment.close();
     ::kill(static_cast<pid_t>(program.processId()), SIGSEGV);
     const QString box = m_session.waitForWindow(QStringLiteral("^Application Crashed$"));
     QVERIFY2(!box.isEmpty(), "the crash is told");
@@ -200,6 +232,10 @@ void TestStartStop::leavesACompleteRecordWhenKilled()
     QVERIFY(program.waitForExit());
     QCOMPARE(program.exitStatus(), QProcess::CrashExit);
     QVERIFY2(!program.setting(QStringLiteral("Other/AppLanguage")).isValid(), "settings are not saved after a crash");
+    QVERIFY2(attachment.exists(), "nothing is cleaned up after a crash");
+    QVERIFY(!program.start().isEmpty());
+    QVERIFY(program.closeRegularly());
+    QVERIFY(!attachment.exists());
 }
 
 REGISTER_TEST(TestStartStop)

@@ -105,13 +105,14 @@ QStringList XSession::windows(const QString &pattern) const
         .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-QString XSession::waitForWindow(const QString &pattern, int milliseconds) const
+QString XSession::waitForWindow(const QString &pattern, WindowState state, int milliseconds) const
 {
     const QDeadlineTimer limit(milliseconds);
     do {
+        const QStringList found = windows(pattern);
         const QString active = tool(QStringLiteral("xdotool"), {QStringLiteral("getactivewindow")});
-        if (!active.isEmpty() && windows(pattern).contains(active))
-            return active;
+        if (state == Active ? found.contains(active) : !found.isEmpty())
+            return state == Active ? active : found.first();
         QThread::msleep(50);
     } while (!limit.hasExpired());
     return {};

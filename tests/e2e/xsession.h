@@ -34,9 +34,10 @@ public:
 
     /// Visible windows whose title matches @p pattern (a regular expression), as xdotool's ids.
     QStringList windows(const QString &pattern) const;
-    /// Waits until such a window is there and has the keyboard, and returns its id; empty if there is none after
-    /// @p milliseconds.
-    QString waitForWindow(const QString &pattern, int milliseconds = 20000) const;
+    enum WindowState { Visible, Active };
+    /// Waits until such a window is there (and has the keyboard, for Active) and returns its id; empty if there is none
+    /// after @p milliseconds.
+    QString waitForWindow(const QString &pattern, WindowState state = Active, int milliseconds = 20000) const;
     /// Waits until the screen no longer changes, that is, until the program has painted what the user did last.
     void waitUntilQuiet() const;
     /// Outer position of a window's contents and their size.
