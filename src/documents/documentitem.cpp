@@ -3,6 +3,7 @@
 
 #include "annotations/annotation.h"
 #include "documents/clippedtextitem.h"
+#include "documents/documenttextitem.h"
 #include "documents/linenumbers.h"
 #include "documents/page.h"
 #include "documents/textlayout.h"
@@ -81,7 +82,7 @@ DocumentItem::~DocumentItem()
 
 void DocumentItem::createTextItem()
 {
-    m_textItem = new ClippedTextItem;
+    m_textItem = new DocumentTextItem(m_page);
     m_textDocument = new QTextDocument;
     m_textLayout = new TextLayout(m_textDocument);
     m_textDocument->setDocumentLayout(m_textLayout);

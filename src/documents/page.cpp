@@ -41,6 +41,7 @@ QString annotatedFileFor(const QString &path)
 Page::Page(DocumentHost *host)
     : m_host(host), m_documentItem(new DocumentItem(this)), m_fileName(unnamed), m_undoStack(new QUndoStack)
 {
+    resetSearch();
     if (host && host->undoGroup())
         host->undoGroup()->addStack(m_undoStack);
 }

@@ -148,9 +148,11 @@ void Page::drawForeground(QPainter *painter, const QRectF &rect)
 
 QList<Annotation *> Page::selectedAnnotations() const
 {
+    // In stacking order, so that what is cut and brought back lies above each other as before.
     QList<Annotation *> annotations;
-    for (QGraphicsItem *item : selectedItems()) {
-        if (auto *annotation = dynamic_cast<Annotation *>(item))
+    for (QGraphicsItem *item : items(Qt::AscendingOrder)) {
+        auto *annotation = dynamic_cast<Annotation *>(item);
+        if (annotation && item->isSelected())
             annotations.append(annotation);
     }
     return annotations;

@@ -5,13 +5,18 @@
 #include <QImageReader>
 #include <QPixmap>
 
-QPixmap readPicture(const QString &path)
+void allowLargePictures()
 {
     constexpr int allocationLimitMiB = 1024;
+    QImageReader::setAllocationLimit(allocationLimitMiB);
+}
+
+QPixmap readPicture(const QString &path)
+{
     // Opening a pipe or a device could wait for ever.
     if (!QFileInfo(path).isFile())
         return {};
-    QImageReader::setAllocationLimit(allocationLimitMiB);
+    allowLargePictures();
     QImage image = QImageReader(path).read();
     image.setDevicePixelRatio(1.0);
     return QPixmap::fromImage(std::move(image));

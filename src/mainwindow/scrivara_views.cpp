@@ -248,6 +248,7 @@ void Scrivara::removeAllAnnotations()
     page->removeAnnotations();
     page->setModified(true);
     page->clearUndoStack();
+    updateMenus();
     TRACE_LEAVE;
 }
 

@@ -26,6 +26,14 @@ bool isAmong(const QList<QByteArray> &formats, const QString &fileName)
     return formats.contains(QFileInfo(fileName).suffix().toLower().toLatin1());
 }
 
+/// Whether @p fileName is the picture that the page shows, in a format that can only be read. Saved by its suffix
+/// alone it would become a text file, an empty one.
+bool isOwnUnwritablePicture(const Page *page, const QString &fileName)
+{
+    return page->documentKind() == Page::ImageDocument && QFileInfo(fileName) == QFileInfo(page->imageLink()) &&
+           !isAmong(QImageWriter::supportedImageFormats(), fileName);
+}
+
 /// The gutter's text: one number for each line.
 QString numbersText(int lines)
 {
@@ -56,6 +64,12 @@ bool IoSystem::load(Page *page, const QString &fileName)
 
 bool IoSystem::save(Page *page, const QString &fileName)
 {
+    if (!page)
+        return false;
+    if (isOwnUnwritablePicture(page, fileName)) {
+        (logTrace << "Picture format cannot be written").eol(0);
+        return false;
+    }
     if (isOxn(fileName))
         return saveOxn(page, fileName);
     if (isAmong(QImageWriter::supportedImageFormats(), fileName))

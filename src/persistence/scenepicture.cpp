@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "persistence/scenepicture.h"
 
+#include "documents/picture.h"
+
 #include <QBuffer>
 #include <QGraphicsScene>
 #include <QImageReader>
@@ -48,6 +50,7 @@ QByteArray encodePicture(const QImage &picture, const QString &format)
     if (picture.isNull() || !buffer.open(QIODevice::ReadWrite) || !writer.write(picture))
         return {};
     buffer.seek(0);
+    allowLargePictures();
     if (QImageReader::supportedImageFormats().contains(writer.format()) &&
         QImageReader(&buffer, writer.format()).read().isNull())
         return {};
