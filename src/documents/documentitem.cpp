@@ -4,6 +4,7 @@
 #include "annotations/annotation.h"
 #include "documents/linenumbers.h"
 #include "documents/page.h"
+#include "documents/textitem.h"
 #include "documents/textlayout.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -75,7 +76,7 @@ DocumentItem::~DocumentItem()
 
 void DocumentItem::createTextItem()
 {
-    m_textItem = new QGraphicsTextItem;
+    m_textItem = new TextItem;
     m_textDocument = new QTextDocument;
     m_textLayout = new TextLayout(m_textDocument);
     m_textDocument->setDocumentLayout(m_textLayout);
@@ -90,7 +91,7 @@ void DocumentItem::createTextItem()
 
 void DocumentItem::createLineNumbersItem()
 {
-    m_lineNumbersItem = new QGraphicsTextItem;
+    m_lineNumbersItem = new TextItem;
     m_lineNumbers = new LineNumbers;
     m_lineNumbersItem->setDocument(m_lineNumbers);
     m_lineNumbersItem->setDefaultTextColor(Qt::gray);

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How fast long texts load, scroll and take changes, and what memory they need, against bare Qt classes.
+#include "documents/documentitem.h"
+#include "documents/page.h"
+#include "documents/pageview.h"
+#include "measure.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QFile>
+#include <QGraphicsTextItem>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QStyleHints>
+#include <QTemporaryDir>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+const QString milliseconds = QStringLiteral("ms");
+const QString megabytes = QStringLiteral("MB");
+
+/// Lines as a source file has them: tabs, empty lines, lengths from 0 to 80.
+QString source(int lines)
+{
+    const QString code = QStringLiteral("\tfor (int i = first; i < last && !found; ++i) // looks through all of them");
+    QString text;
+    for (int i = 0; i < lines; ++i)
+        text += code.left((i * 31) % 75) + (i % 6 == 0 ? QString() : QString::number(i)) + QLatin1Char('\n');
+    return text;
+}
+
+QString writtenFile(const QTemporaryDir &folder, int lines)
+{
+    QFile file(folder.filePath(QStringLiteral("source%1.txt").arg(lines)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(source(lines).toUtf8()) < 0)
+        qFatal("cannot write the sample file");
+    return file.fileName();
+}
+
+/// A page in a view, as in a tab of the window.
+class OpenPage
+{
+public:
+    explicit OpenPage(const QString &fileName) : m_page(nullptr), m_view(&m_page, nullptr)
+    {
+        m_page.setPageView(&m_view);
+        m_view.resize(1000, 800);
+        if (!m_page.loadFile(fileName))
+            qFatal("cannot load the sample file");
+        m_view.show();
+        m_page.focusDocument();
+        paint();
+    }
+
+    void paint() { QCoreApplication::processEvents(); }
+
+    void moveCaretToMiddle()
+    {
+        QGraphicsTextItem *item = m_page.documentItem()->textItem();
+        QTextCursor cursor(item->document());
+        cursor.setPosition(item->document()->characterCount() / 2);
+        item->setTextCursor(cursor);
+        m_view.ensureVisible(
+            item->mapRectToScene(item->document()->documentLayout()->blockBoundingRect(cursor.block())));
+        paint();
+    }
+
+    void key(int key, const QString &text)
+    {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(&m_view, &press);
+    }
+
+    void paste(const QString &text) { m_page.documentItem()->pasteText(text); }
+    PageView *view() { return &m_view; }
+
+private:
+    Page m_page;
+    PageView m_view;
+};
+
+/// Scrolls one page on and paints; false at the end.
+bool pageDown(QGraphicsView *view)
+{
+    QScrollBar *bar = view->verticalScrollBar();
+    bar->setValue(bar->value() + bar->pageStep());
+    QCoreApplication::processEvents();
+    return bar->value() < bar->maximum();
+}
+
+/// Mean CPU time of scrolling @p view by one page, down to the end.
+double scrollingTime(QGraphicsView *view)
+{
+    int pages = 1;
+    const double whole = leastCpu(1, [&] {
+        while (pageDown(view))
+            ++pages;
+    });
+    return whole / pages;
+}
+
+void setUnwrapped(QTextDocument *document)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    document->setDefaultTextOption(option);
+    document->setDefaultFont(QFont(QStringLiteral("Courier"), 10));
+}
+
+void benchLoading(const QTemporaryDir &folder)
+{
+    printTitle(QStringLiteral("From file to first painting; reference: QTextDocument::setPlainText alone"));
+    for (const int lines : {1'000, 10'000, 100'000}) {
+        const QString fileName = writtenFile(folder, lines);
+        const QString text = source(lines);
+        std::unique_ptr<QTextDocument> document;
+        std::unique_ptr<OpenPage> page;
+        const double bare = leastCpu(
+            5, [&] { document->setPlainText(text); }, [&] { document = std::make_unique<QTextDocument>(); });
+        const double ours = leastCpu(
+            5, [&] { page = std::make_unique<OpenPage>(fileName); }, [&] { page.reset(); });
+        printRow(QStringLiteral("%1 lines").arg(lines), ours, bare, milliseconds);
+    }
+}
+
+/// The change alone, and the painting that follows.
+void printChange(const QString &what, OpenPage *page, const std::function<void()> &change, double reference)
+{
+    constexpr int runs = 20;
+    printRow(what, leastCpu(runs, change, [page] { page->paint(); }), reference, milliseconds);
+    printRow(QStringLiteral("    painting that follows"),
+             leastCpu(
+                 runs, [page] { page->paint(); }, change),
+             milliseconds);
+}
+
+void benchEditing(const QTemporaryDir &folder, int lines)
+{
+    printTitle(
+        QStringLiteral("Changes in the middle of %1 lines; reference: QTextDocument with Qt's layout").arg(lines));
+    const QString pasted = source(1'000);
+    OpenPage page(writtenFile(folder, lines));
+    page.moveCaretToMiddle();
+
+    QTextDocument document;
+    setUnwrapped(&document);
+    document.setPlainText(source(lines));
+    document.size();
+    QTextCursor cursor(&document);
+    cursor.setPosition(document.characterCount() / 2);
+    const auto reference = [&](const QString &text) {
+        return leastCpu(3, [&] {
+            cursor.insertText(text);
+            document.size();
+        });
+    };
+    printChange(
+        QStringLiteral("a key inside a line"), &page, [&] { page.key(Qt::Key_X, QStringLiteral("x")); },
+        reference(QStringLiteral("x")));
+    printChange(
+        QStringLiteral("Return"), &page, [&] { page.key(Qt::Key_Return, QStringLiteral("\r")); },
+        reference(QStringLiteral("\n")));
+    printChange(
+        QStringLiteral("paste of 1000 lines"), &page, [&] { page.paste(pasted); }, reference(pasted));
+}
+
+void benchScrolling(const QTemporaryDir &folder)
+{
+    printTitle(QStringLiteral("Scrolling through 100000 lines in a view of 1000 x 800; reference: an empty scene"));
+    OpenPage page(writtenFile(folder, 100'000));
+    QGraphicsScene scene;
+    scene.setSceneRect(page.view()->sceneRect());
+    QGraphicsView view(&scene);
+    view.resize(page.view()->size());
+    view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    view.show();
+    view.verticalScrollBar()->setValue(0);
+    QCoreApplication::processEvents();
+    printRow(QStringLiteral("one page, painted; mean"), scrollingTime(page.view()), scrollingTime(&view), milliseconds);
+}
+
+void benchMemory(const QTemporaryDir &folder)
+{
+    printTitle(QStringLiteral("Memory of 100000 lines; reference: the bare QTextDocument"));
+    const QString fileName = writtenFile(folder, 100'000);
+    double before = heapInUse();
+    {
+        QTextDocument document;
+        document.setPlainText(source(100'000));
+        const double bare = heapInUse() - before;
+        before = heapInUse();
+        OpenPage page(fileName);
+        printRow(QStringLiteral("loaded and painted"), heapInUse() - before, bare, megabytes);
+        scrollingTime(page.view());
+        printRow(QStringLiteral("scrolled through"), heapInUse() - before, bare, megabytes);
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    prepareBenchmark();
+    const QApplication application(argc, argv);
+    QGuiApplication::styleHints()->setCursorFlashTime(0);
+    const QTemporaryDir folder;
+    benchLoading(folder);
+    benchEditing(folder, 100'000);
+    benchEditing(folder, 1'000'000);
+    benchScrolling(folder);
+    benchMemory(folder);
+    return 0;
+}
