@@ -38,23 +38,20 @@ void Page::mousePressEvent(QGraphicsSceneMouseEvent *event)
     rememberMouse(event->scenePos());
     if (event->button() != Qt::LeftButton)
         return;
+    const int mode = this->mode();
     m_documentItem->setTextEditable(false);
     QGraphicsTextItem *textItem = m_documentItem->textItem();
-    switch (mode()) {
-    case TextMode:
+    if (mode == TextMode) {
         textItem->setFlag(QGraphicsItem::ItemIsSelectable);
         m_documentItem->setTextEditable(true);
-        break;
-    case TransformMode:
-    case ToolMode:
+    } else if (mode == TransformMode || mode == ToolMode) {
         textItem->setFlag(QGraphicsItem::ItemIsSelectable, false);
         textItem->setFlag(QGraphicsItem::ItemIsFocusable, false);
-        if (Tool *tool = mode() == ToolMode ? currentTool() : nullptr)
-            tool->mousePressed(event, this);
-        break;
-    default:
+    } else {
         return;
     }
+    if (Tool *tool = mode == ToolMode ? currentTool() : nullptr)
+        tool->mousePressed(event, this);
     QGraphicsScene::mousePressEvent(event);
 }
 

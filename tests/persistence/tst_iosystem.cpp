@@ -22,6 +22,7 @@
 #include <QTextDocument>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <memory>
 
@@ -46,6 +47,32 @@ QString numbers(int last)
     for (int i = 1; i <= last; ++i)
         text += QString::number(i) + QLatin1Char('\n');
     return text;
+}
+
+/// Somebody who may not do everything: root steps down to a user without rights while this lives.
+class PlainUser
+{
+public:
+    PlainUser()
+    {
+        if (m_wasRoot && setresuid(65534, 65534, 0) != 0)
+            qFatal("cannot give up the rights of root");
+    }
+    PlainUser(const PlainUser &) = delete;
+    PlainUser &operator=(const PlainUser &) = delete;
+    ~PlainUser()
+    {
+        if (m_wasRoot && setresuid(0, 0, 0) != 0)
+            qFatal("cannot become root again");
+    }
+
+private:
+    const bool m_wasRoot = geteuid() == 0;
+};
+
+void permit(const QString &path, mode_t mode)
+{
+    QCOMPARE(chmod(QFile::encodeName(path).constData(), mode), 0);
 }
 
 } // namespace
@@ -75,6 +102,9 @@ private slots:
     void unreadableText();
     void unwritableText_data();
     void unwritableText();
+    void noPermissionToRead();
+    void becameReadOnlyWhileOpen();
+    void folderBecameReadOnlyWhileOpen();
     void vanishedFileIsWrittenAnew();
     void pipeTakesTheFilesPlace();
     void namesOfAllKinds_data();
@@ -381,6 +411,62 @@ void TestIoSystem::unwritableText()
     QCOMPARE(box.text, QStringLiteral("Cannot save file ") + name + QStringLiteral(".\nError code: "));
     QCOMPARE(box.parent, nullptr);
     QCOMPARE(m_page->plainText().size(), 60);
+}
+
+void TestIoSystem::noPermissionToRead()
+{
+    store(path("secret.txt"), "secret");
+    QPixmap(3, 3).save(path("secret.png"));
+    permit(m_folder->path(), 0755);
+    permit(path("secret.txt"), 0000);
+    permit(path("secret.png"), 0000);
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    answers.click(QMessageBox::Ok);
+    const PlainUser user;
+    QVERIFY(!IoSystem::instance()->load(m_page.get(), path("secret.txt")));
+    QVERIFY(!IoSystem::instance()->load(m_page.get(), path("secret.png")));
+    QCOMPARE(answers.seen().size(), 2);
+    QCOMPARE(answers.texts().at(0), QStringLiteral("Can't open file %1\nError code: 5").arg(path("secret.txt")));
+    QCOMPARE(answers.texts().at(1),
+             QStringLiteral("File %1 not found or its format is currently unsupported!").arg(path("secret.png")));
+}
+
+void TestIoSystem::becameReadOnlyWhileOpen()
+{
+    loadText("a.txt", "old\n");
+    QTextCursor(m_page->textDocument()).insertText(QStringLiteral("new "));
+    permit(m_folder->path(), 0777);
+    permit(path("a.txt"), 0444);
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    {
+        const PlainUser user;
+        QVERIFY(!IoSystem::instance()->save(m_page.get(), path("a.txt")));
+        QCOMPARE(answers.texts(), QStringList(QStringLiteral("Cannot save file %1.\nError code: ").arg(path("a.txt"))));
+        // Elsewhere it can be saved.
+        QVERIFY(IoSystem::instance()->save(m_page.get(), path("b.txt")));
+    }
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("old\n"));
+    QCOMPARE(bytesIn(path("b.txt")), QByteArray("new old\n"));
+}
+
+void TestIoSystem::folderBecameReadOnlyWhileOpen()
+{
+    loadText("a.txt", "old\n");
+    QTextCursor(m_page->textDocument()).insertText(QStringLiteral("new "));
+    permit(path("a.txt"), 0666);
+    permit(m_folder->path(), 0555);
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    {
+        const PlainUser user;
+        // Without a place for the new contents beside the old file, it is not touched.
+        QVERIFY(!IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    }
+    permit(m_folder->path(), 0755);
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("old\n"));
+    QCOMPARE(answers.seen().size(), 1);
 }
 
 void TestIoSystem::vanishedFileIsWrittenAnew()
