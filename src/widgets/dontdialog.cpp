@@ -32,8 +32,8 @@ QString answerKey(const QString &key)
 
 } // namespace
 
-DontDialog::DontDialog(const QString &title, const QString &text, int kind, const QString &key, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::DontDialog>()), m_key(key), m_kind(kind)
+DontDialog::DontDialog(const QString &title, const QString &text, int kind, QString key, QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::DontDialog>()), m_key(std::move(key)), m_kind(kind)
 {
     m_ui->setupUi(this);
     arrange();

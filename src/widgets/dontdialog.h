@@ -23,7 +23,7 @@ class DontDialog : public QDialog
 public:
     /// @p kind 0 is a message and 1 a question with the forward icon, 2 and 3 the same with the ok icon; any other
     /// kind is a message without an icon. @p key is the base key.
-    DontDialog(const QString &title, const QString &text, int kind, const QString &key, QWidget *parent);
+    DontDialog(const QString &title, const QString &text, int kind, QString key, QWidget *parent);
     ~DontDialog() override;
 
 public slots:

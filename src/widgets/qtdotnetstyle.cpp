@@ -41,8 +41,7 @@ QColor mixed(const QColor &first, const QColor &second, int percentOfSecond)
     const auto part = [percentOfSecond](int a, int b) {
         return (a * (100 - percentOfSecond) + b * percentOfSecond) / 100;
     };
-    return QColor(part(first.red(), second.red()), part(first.green(), second.green()),
-                  part(first.blue(), second.blue()));
+    return {part(first.red(), second.red()), part(first.green(), second.green()), part(first.blue(), second.blue())};
 }
 
 /// Black or white, whichever is easier to read on @p background.
@@ -271,7 +270,7 @@ void QtDotNetStyle::drawMenuBarElement(ControlElement element, const QStyleOptio
         item.palette.setColor(QPalette::ButtonText, readableOn(fill));
     }
     // Icon and text alone; the platform's style would fill the item with a plain colour.
-    QCommonStyle::drawControl(element, &item, painter, widget);
+    QCommonStyle::drawControl(element, &item, painter, widget); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void QtDotNetStyle::drawMenuItem(const QStyleOption *option, QPainter *painter, const QWidget *widget) const
