@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "syntax/characterset.h"
+
+namespace {
+
+/// The position behind the character class that starts at @p at, or behind the end of the pattern.
+qsizetype endOfClass(const QString &pattern, qsizetype at)
+{
+    at += 2; // the bracket, and a character that cannot close the class
+    while (at < pattern.size() && pattern.at(at) != ']')
+        at += pattern.at(at) == '\\' ? 2 : 1;
+    return at + 1;
+}
+
+/// The position behind the group that starts at @p at, or behind the end of the pattern.
+qsizetype endOfGroup(const QString &pattern, qsizetype at)
+{
+    int depth = 0;
+    do {
+        const QChar c = pattern.at(at);
+        depth += c == '(' ? 1 : c == ')' ? -1 : 0;
+        at = c == '[' ? endOfClass(pattern, at) : at + (c == '\\' ? 2 : 1);
+    } while (depth > 0 && at < pattern.size());
+    return at;
+}
+
+/// The position behind the part of the pattern that starts at @p at: a group, a class, a quantifier, an escaped or a
+/// single character.
+qsizetype endOfPart(const QString &pattern, qsizetype at)
+{
+    const QChar c = pattern.at(at);
+    if (c == '(')
+        return endOfGroup(pattern, at);
+    if (c == '[')
+        return endOfClass(pattern, at);
+    const qsizetype brace = c == '{' ? pattern.indexOf('}', at) : at;
+    return brace < 0 ? pattern.size() : brace + (c == '\\' ? 2 : 1);
+}
+
+/// The character that the part stands for, or a null character.
+QChar literalOf(QStringView part)
+{
+    const bool escaped = part.size() == 2 && part.front() == '\\' && !part.back().isLetterOrNumber();
+    if (escaped)
+        return part.back();
+    return part.size() == 1 && !QStringLiteral(".^$*+?\\)").contains(part.front()) ? part.front() : QChar();
+}
+
+/// Whether the pattern has what is not looked through here: alternatives outside of groups, characters by their code,
+/// references to groups, brackets inside of classes that close none.
+bool isOpaque(const QString &pattern, QStringView part)
+{
+    const bool unknownEscape = part.size() == 2 && part.front() == '\\' && part.back().isLetterOrNumber() &&
+                               !QStringLiteral("bBdDsSwW").contains(part.back());
+    return unknownEscape || part == u"|" || pattern.contains("[]") || pattern.contains("[^]");
+}
+
+} // namespace
+
+CharacterSet CharacterSet::occurringIn(const QString &line)
+{
+    CharacterSet set;
+    for (const QChar c : line)
+        set.insert(c);
+    return set;
+}
+
+CharacterSet CharacterSet::requiredBy(const QString &pattern)
+{
+    CharacterSet set;
+    for (qsizetype at = 0; at < pattern.size();) {
+        const qsizetype end = endOfPart(pattern, at);
+        const QStringView part = QStringView(pattern).mid(at, end - at);
+        if (isOpaque(pattern, part))
+            return {};
+        const bool quantified = end < pattern.size() && QStringLiteral("*+?{").contains(pattern.at(end));
+        const QChar literal = literalOf(part);
+        if (!literal.isNull() && !quantified)
+            set.insert(literal);
+        else if (part == u"[0-9]" && !quantified)
+            set.m_digit = true;
+        at = end;
+    }
+    return set;
+}
+
+bool CharacterSet::containsAll(const CharacterSet &other) const
+{
+    return (other.m_low & ~m_low) == 0 && (other.m_high & ~m_high) == 0 && (m_digit || !other.m_digit);
+}
+
+void CharacterSet::insert(QChar c)
+{
+    const ushort code = c.unicode();
+    m_digit = m_digit || (code >= '0' && code <= '9');
+    if (code < 64)
+        m_low |= quint64(1) << code;
+    else if (code < 128)
+        m_high |= quint64(1) << (code - 64);
+}
