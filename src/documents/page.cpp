@@ -3,6 +3,7 @@
 
 #include "annotations/annotation.h"
 #include "app/eventlog.h"
+#include "app/folders.h"
 #include "documents/addannotationcommand.h"
 #include "documents/documentitem.h"
 #include "documents/markref.h"
@@ -10,11 +11,13 @@
 #include "documents/picture.h"
 #include "documents/warningbox.h"
 #include "persistence/iosystem.h"
+#include "syntax/syntaxhighlight.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QGraphicsTextItem>
 #include <QGraphicsView>
+#include <QSettings>
 #include <QTextDocument>
 #include <QUndoGroup>
 #include <QUndoStack>
@@ -50,6 +53,7 @@ Page::~Page()
 {
     delete m_documentItem;
     delete m_undoStack;
+    delete m_highlighter;
     // Marks that the clipboard or another page's undo stack still has must not die with this scene.
     for (QGraphicsItem *item : items()) {
         if (MarkRef::isHeld(item))
@@ -162,6 +166,10 @@ void Page::setTextContents(const QString &fileName, const QString &text, const Q
     (logTrace << "SetTextContents").eol(0);
     setFileName(fileName);
     m_textFormat = TextFormat();
+    removeHighlighter();
+    const QString definition = syntaxFile();
+    if (QSettings().value(QStringLiteral("Syntax/HighlightByDefault"), true).toBool() && !definition.isEmpty())
+        createHighlighter(definition);
     m_documentItem->setTextContents(text, lineNumbers);
     m_kind = TextDocument;
     (logTrace << " <=>").eol(0);
@@ -293,9 +301,52 @@ void Page::takeOffScene(QGraphicsItem *item)
         removeItem(item);
 }
 
-void Page::highlightSyntax(bool /*on*/)
+void Page::highlightSyntax(bool on)
 {
     (logTrace << "Highlight syntax").eol(0);
+    if (m_kind != TextDocument)
+        return;
+    if (!on) {
+        removeHighlighter();
+        return;
+    }
+    const QString definition = syntaxFile();
+    if (definition.isEmpty())
+        return;
+    if (!m_highlighter) {
+        createHighlighter(definition);
+        return;
+    }
+    m_highlighter->loadSyntaxFile(definition);
+    m_highlighter->setDocument(textDocument());
+    m_highlighter->rehighlight();
+}
+
+/// Name of the definition for this document's type, or an empty string when there is none. An annotated file is
+/// coloured as the text inside is.
+QString Page::syntaxFile() const
+{
+    QString type = QFileInfo(m_fileName).suffix();
+    if (type.compare(QLatin1String("oxn"), Qt::CaseInsensitive) == 0)
+        type = m_fileType;
+    const QString name = QFileInfo(type + QStringLiteral(".xml")).fileName();
+    return QFileInfo::exists(dataFolder(QStringLiteral("syntax")) + name) ? name : QString();
+}
+
+/// Cheapest while the document is still empty: then each line is coloured as it comes.
+void Page::createHighlighter(const QString &syntaxFile)
+{
+    m_highlighter = new SyntaxHighlight(this);
+    m_highlighter->loadSyntaxFile(syntaxFile);
+    m_documentItem->setHighlighted(true);
+    m_highlighter->setDocument(textDocument());
+}
+
+void Page::removeHighlighter()
+{
+    delete m_highlighter;
+    m_highlighter = nullptr;
+    m_documentItem->setHighlighted(false);
 }
 
 void Page::showLineNumbers(bool show)

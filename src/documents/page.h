@@ -14,6 +14,7 @@ class PageView;
 class QGraphicsTextItem;
 class QTextDocument;
 class QUndoStack;
+class SyntaxHighlight;
 class Tool;
 
 /// The scene of one open document: its text or picture, and the marks above it.
@@ -92,6 +93,8 @@ public:
     /// Takes @p item off this page if it is here. Null does nothing.
     void takeOffScene(QGraphicsItem *item);
 
+    /// Colours the text by the definition of the file's type, or takes the colours off. A type without a definition
+    /// leaves things as they are. Colours that are right already cost nothing.
     void highlightSyntax(bool on);
     void showLineNumbers(bool show);
     void setDocumentFont(const QFont &font);
@@ -150,6 +153,9 @@ private:
     QList<Annotation *> selectedAnnotations() const;
     bool chooseTarget(QString *target) const;
     void setSaved(const QString &target);
+    QString syntaxFile() const;
+    void createHighlighter(const QString &syntaxFile);
+    void removeHighlighter();
 
     HostLink m_host;
     QPointer<PageView> m_view;
@@ -167,5 +173,6 @@ private:
     DocumentKind m_kind = NoDocument;
     QRectF m_savedSize;
     QUndoStack *m_undoStack;
+    SyntaxHighlight *m_highlighter = nullptr; ///< Owned; null while nothing is coloured.
     mutable MarkPointer m_knownMark; ///< A mark on this scene; spares hasAnnotations() the walk over all items.
 };

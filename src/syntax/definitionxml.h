@@ -10,7 +10,8 @@
 ///
 /// Definition files come from anywhere, so a stream pass goes over the bytes before a tree is built of them. Refused
 /// are what is not well-formed XML, entity and attribute declarations, elements nested or carrying attributes far
-/// beyond what the format knows, single tags and texts of more than 64 KiB, and files above 1 MiB. Nothing is returned then.
+/// beyond what the format knows, single tags and texts of more than 64 KiB, and files above 1 MiB. Nothing is returned
+/// then.
 std::optional<QDomDocument> parseDefinition(const QByteArray &xml);
 
 /// Size above which parseDefinition() refuses a file, in bytes: a reader need not fetch more than one byte beyond it.

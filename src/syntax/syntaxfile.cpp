@@ -74,19 +74,20 @@ SyntaxFile::~SyntaxFile() = default;
 
 bool SyntaxFile::load(const QString &fileName)
 {
-    m_loaded.clear();
+    m_tried = true;
+    m_loaded.reset();
     if (!fileName.isEmpty())
         m_fileName = QFileInfo(fileName).fileName();
     if (!QFileInfo::exists(path())) {
         warnAboutDefinition(tr("Syntax file for .%1 doesn't exist!").arg(QFileInfo(path()).baseName()));
         return false;
     }
-    const std::optional<QByteArray> bytes = definitionBytes(path());
-    if (!bytes) {
+    m_loaded = definitionBytes(path());
+    if (!m_loaded) {
         warnAboutDefinition(tr("Can't open syntax file: %1 !").arg(path()));
         return false;
     }
-    const std::optional<QDomDocument> document = parseDefinition(*bytes);
+    const std::optional<QDomDocument> document = parseDefinition(*m_loaded);
     if (!document) {
         warnAboutDefinition(tr("Format of syntax file '%1' is wrong!").arg(path()));
         return false;
@@ -101,18 +102,18 @@ bool SyntaxFile::load(const QString &fileName)
         readFormat(element, format(group));
         readPatterns(element, patterns(group));
     }
-    m_loaded = *bytes;
     return true;
 }
 
 bool SyntaxFile::isUpToDate() const
 {
-    return !m_loaded.isEmpty() && definitionBytes(path()) == m_loaded;
+    return m_tried && definitionBytes(path()) == m_loaded;
 }
 
 void SyntaxFile::reset()
 {
-    m_loaded.clear();
+    m_tried = false;
+    m_loaded.reset();
     m_patterns = {};
     m_formats = {};
     for (std::size_t i = 0; i < m_formats.size(); ++i)

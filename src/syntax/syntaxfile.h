@@ -8,6 +8,7 @@
 #include <QVector>
 
 #include <array>
+#include <optional>
 
 /// One syntax definition in memory: for each of four groups a list of regular expressions and the format that their
 /// matches take. Definitions lie in the syntax folder, one XML file for each file extension; the set of those files is
@@ -34,7 +35,8 @@ public:
     /// False if the file is missing, cannot be opened or is not a harmless XML file; a message box has said so then,
     /// and the object is unchanged but for its file name.
     bool load(const QString &fileName);
-    /// Whether the last load succeeded and the file still holds what was read then. Shows no message.
+    /// Whether the file is still as the last load found it, be that good, damaged or missing: loading again would only
+    /// say the same. Shows no message.
     bool isUpToDate() const;
     /// Takes the object back to an empty definition; the file name stays.
     void reset();
@@ -51,5 +53,6 @@ private:
     QString m_fileName;
     std::array<QVector<QString>, groupCount> m_patterns;
     std::array<QTextCharFormat, groupCount> m_formats;
-    QByteArray m_loaded; ///< The bytes of the last load; empty before it and after one that failed.
+    bool m_tried = false;               ///< There was a load.
+    std::optional<QByteArray> m_loaded; ///< The bytes that the last load found; none if it could not read the file.
 };

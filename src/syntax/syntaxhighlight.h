@@ -28,7 +28,8 @@ public:
 
     /// Takes the definition of this name from the syntax folder; the folder part of @p path is not looked at. Loading
     /// the same name again reads the file only if it has changed, and adds its patterns to those loaded before.
-    /// Another name replaces the definition. If loading fails the user has been told, and nothing is coloured.
+    /// Another name replaces the definition. If loading fails the user is told, once until the file changes, and
+    /// nothing is coloured.
     /// A document that is set already keeps its colours until rehighlight().
     void loadSyntaxFile(const QString &path);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "definitions.h"
+#include "support/definitions.h"
 #include "support/golden.h"
 #include "support/testmain.h"
 #include "syntax/syntaxfile.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/folders.h"
-#include "definitions.h"
+#include "support/definitions.h"
 #include "support/dialogs.h"
 #include "support/testmain.h"
 #include "syntax/syntaxfile.h"
@@ -314,7 +314,7 @@ void TestSyntaxFile::wrongFormat()
     QCOMPARE(answers.seen().first().buttons, QMessageBox::Ok);
     QVERIFY(file.patterns(SyntaxFile::Keywords).isEmpty());
     QCOMPARE(file.format(SyntaxFile::Keywords), SyntaxFile(QString()).format(SyntaxFile::Keywords));
-    QVERIFY(!file.isUpToDate());
+    QVERIFY(file.isUpToDate()); // nothing new is to be had from it
 }
 
 void TestSyntaxFile::knowsWhetherItIsUpToDate()
@@ -329,6 +329,12 @@ void TestSyntaxFile::knowsWhetherItIsUpToDate()
     QVERIFY(file.load(QString()));
     QVERIFY(file.isUpToDate());
     QVERIFY(QFile::remove(definition.path()));
+    QVERIFY(!file.isUpToDate());
+    DialogAnswers answers;
+    answers.click(QMessageBox::Ok);
+    QVERIFY(!file.load(QString()));
+    QVERIFY(file.isUpToDate());
+    definition.write(definitionXml({"x"}));
     QVERIFY(!file.isUpToDate());
 }
 
