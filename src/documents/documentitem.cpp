@@ -118,9 +118,8 @@ void DocumentItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *opti
 
 void DocumentItem::newDocument()
 {
-    m_textDocument->setPlainText(QString(60, QLatin1Char(' ')));
+    replaceText(QString(60, QLatin1Char(' ')));
     m_lineNumbers->setNumbers(QStringLiteral("1\n"));
-    m_lineCount = 1;
     showText();
     fitScene();
     m_modified = false;
@@ -130,10 +129,21 @@ void DocumentItem::newDocument()
 void DocumentItem::setTextContents(const QString &text, const QString &lineNumbers)
 {
     showText();
-    m_textDocument->setPlainText(text);
+    replaceText(text);
     m_lineNumbers->setNumbers(lineNumbers);
     fitScene();
     m_modified = false;
+}
+
+/// The document announces the old text's going and the new one's coming apart. To the marks it is one change: they
+/// must not be carried to the top and back.
+void DocumentItem::replaceText(const QString &text)
+{
+    const double height = lineHeight();
+    m_replacing = true;
+    m_textDocument->setPlainText(text);
+    m_replacing = false;
+    followLines(0, height);
 }
 
 void DocumentItem::showText()
@@ -300,29 +310,39 @@ void DocumentItem::updateSceneRect()
 
 void DocumentItem::documentChanged(int position, int removed, int added)
 {
-    const int newCount = m_textDocument->blockCount();
-    if (newCount != m_lineCount) {
-        m_lineNumbers->follow(m_lineCount, newCount);
-        if (QSettings().value(QStringLiteral("Other/SynchAnnotations"), true).toBool())
-            shiftAnnotations(position, newCount - m_lineCount);
-        m_lineCount = newCount;
-    }
+    if (m_replacing)
+        return;
+    followLines(position, lineHeight());
     fitScene();
     if (removed != 0 || added != 0)
         m_page->refreshUi();
 }
 
-void DocumentItem::shiftAnnotations(int position, int lines)
+/// An average over the lines there were before the change that is being announced; 0 while there are none.
+double DocumentItem::lineHeight() const
 {
-    if (m_lineCount == 0)
+    return m_lineCount == 0 ? 0.0 : m_textItem->boundingRect().height() / m_lineCount;
+}
+
+void DocumentItem::followLines(int position, double lineHeight)
+{
+    const int newCount = m_textDocument->blockCount();
+    if (newCount == m_lineCount)
         return;
+    m_lineNumbers->follow(m_lineCount, newCount);
+    const double offset = (newCount - m_lineCount) * lineHeight;
+    if (QSettings().value(QStringLiteral("Other/SynchAnnotations"), true).toBool())
+        shiftAnnotations(position, offset);
+    m_lineCount = newCount;
+}
+
+void DocumentItem::shiftAnnotations(int position, double offset)
+{
     QTextCursor cursor(m_textDocument);
     cursor.setPosition(position, QTextCursor::KeepAnchor);
     const double blockTop = m_textDocument->documentLayout()->blockBoundingRect(cursor.block()).y();
-    // An average over the lines there were before the change.
-    const double lineHeight = m_textItem->boundingRect().height() / m_lineCount;
     for (QGraphicsItem *item : m_page->items()) {
         if (dynamic_cast<Annotation *>(item) && item->isEnabled() && item->scenePos().y() > blockTop)
-            item->moveBy(0.0, lines * lineHeight);
+            item->moveBy(0.0, offset);
     }
 }

@@ -83,7 +83,10 @@ private:
     void showText();
     void fitScene();
     void updateSceneRect();
-    void shiftAnnotations(int position, int lines);
+    void replaceText(const QString &text);
+    double lineHeight() const;
+    void followLines(int position, double lineHeight);
+    void shiftAnnotations(int position, double offset);
 
     Page *m_page;
     QGraphicsTextItem *m_textItem;
@@ -94,5 +97,6 @@ private:
     LineNumbers *m_lineNumbers;
     bool m_modified = false;
     int m_lineCount = 0;
+    bool m_replacing = false; ///< The whole text is being set; changes of it are not looked at one by one.
     QRectF m_bounds;
 };

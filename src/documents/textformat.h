@@ -13,6 +13,4 @@ struct TextFormat
     bool byteOrderMark = false;
     /// Between lines, where a line has no LineEnd of its own: "\n", "\r\n" or "\r".
     QString lineEnd = QStringLiteral("\n");
-    /// Behind the last line; empty for a file that does not end in a line end.
-    QString finalLineEnd;
 };

@@ -91,7 +91,6 @@ bool IoSystem::loadText(Page *page, const QString &fileName)
     TextFormat format;
     const SplitText split = splitLines(decodeText(bytes, &format));
     format.lineEnd = split.lineEnd;
-    format.finalLineEnd = split.finalLineEnd;
     progress.show(50);
     page->setTextContents(fileName, split.text, numbersText(split.lines));
     page->setTextFormat(format);

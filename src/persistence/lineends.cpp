@@ -61,7 +61,7 @@ SplitText splitLines(const QString &raw)
         split.text += QStringView(raw).sliced(lineStart);
         ++split.lines;
     } else if (!ends.isEmpty()) {
-        split.finalLineEnd = ends.takeLast().toString();
+        ends.removeLast(); // not a line of its own
     }
     for (int line = 0; line < ends.size(); ++line) {
         if (ends.at(line) != split.lineEnd)
@@ -86,5 +86,5 @@ QString joinLines(const QTextDocument *document, const TextFormat &format)
         if (block.next().isValid())
             text += odd ? odd->end : format.lineEnd;
     }
-    return text + format.finalLineEnd;
+    return text;
 }

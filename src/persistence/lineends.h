@@ -21,7 +21,6 @@ struct SplitText
     QString text;    ///< Lines separated by line feeds, without the end of the last line.
     int lines = 0;   ///< 0 for an empty file.
     QString lineEnd; ///< The most frequent of "\n", "\r\n" and "\r"; "\n" if there is none.
-    QString finalLineEnd;
     QList<OddEnd> oddEnds;
 };
 
@@ -32,5 +31,6 @@ SplitText splitLines(const QString &raw);
 /// Lets each line of @p document that @p split knows as odd remember its end for as long as it exists.
 void rememberOddEnds(QTextDocument *document, const SplitText &split);
 
-/// Puts the lines of @p document together with their own ends, those of @p format, and its final one.
+/// Puts the lines of @p document together, between them their own ends or those of @p format. The last line ends
+/// without one, also where the file had one.
 QString joinLines(const QTextDocument *document, const TextFormat &format);

@@ -84,6 +84,8 @@ private slots:
     void switchedOffOnlyTheNumbersFollow();
     void switchIsReadAtEachChange();
     void replacedTextMovesMarksByTheChangeOfLines();
+    void sameTextAgainMovesNothing();
+    void marksBeforeTheFirstTextStay_data();
     void marksBeforeTheFirstTextStay();
     void shiftsAreNotUndoableAndModifyNothing();
     void itemsThatAreNoMarksStay();
@@ -242,19 +244,38 @@ void TestFollowing::replacedTextMovesMarksByTheChangeOfLines()
 {
     TextPage text(10);
     const TestMark *mark = text.mark(500.0);
+    const double lineHeight = text.page.documentItem()->textItem()->boundingRect().height() / 10;
     text.page.setTextContents(QStringLiteral("a.txt"), QStringLiteral("a\nb\nc"), QStringLiteral("1\n2\n3\n"));
-    QVERIFY(qIsFinite(mark->y()));
+    QCOMPARE(mark->y(), 500.0 - 7 * lineHeight);
     QCOMPARE(text.page.documentItem()->lineCount(), 3);
+}
+
+void TestFollowing::sameTextAgainMovesNothing()
+{
+    TextPage text(20);
+    const QString lines = text.page.plainText();
+    const TestMark *high = text.mark(5.0);
+    const TestMark *low = text.mark(200.0);
+    text.page.setTextContents(QStringLiteral("a.txt"), lines, QStringLiteral("1\n"));
+    QCOMPARE(high->y(), 5.0);
+    QCOMPARE(low->y(), 200.0);
+}
+
+void TestFollowing::marksBeforeTheFirstTextStay_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("one line") << "only line";
+    QTest::newRow("twenty lines") << QString("line\n").repeated(20);
+    QTest::newRow("empty") << QString();
 }
 
 void TestFollowing::marksBeforeTheFirstTextStay()
 {
+    QFETCH(const QString, text);
     Page page(nullptr);
     auto *mark = new TestMark(QPointF(10.0, 20.0));
     page.addItem(mark);
-    page.setTextContents(QStringLiteral("a.txt"), QStringLiteral("only line"), QStringLiteral("1\n"));
-    QCOMPARE(mark->pos(), QPointF(10.0, 20.0));
-    page.setTextContents(QStringLiteral("a.txt"), QStringLiteral("another line"), QStringLiteral("1\n"));
+    page.setTextContents(QStringLiteral("a.txt"), text, QStringLiteral("1\n"));
     QCOMPARE(mark->pos(), QPointF(10.0, 20.0));
 }
 

@@ -397,7 +397,7 @@ void TestPage::annotatedTextIsAskedAbout()
     QCOMPARE(box.parent, &m_host->window);
     QCOMPARE(m_page->isModified(), !saved);
     QCOMPARE(m_page->fileName(), path("a.txt"));
-    QCOMPARE(contentsOf(path("a.txt")), saved ? QByteArray("new old\n") : QByteArray("old\n"));
+    QCOMPARE(contentsOf(path("a.txt")), saved ? QByteArray("new old") : QByteArray("old\n"));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{"a.txt"});
 }
 

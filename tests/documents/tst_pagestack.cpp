@@ -175,7 +175,7 @@ void TestPageStack::modifiedTabIsAskedAbout_data()
     QTest::addColumn<QMessageBox::StandardButton>("answer");
     QTest::addColumn<bool>("closes");
     QTest::addColumn<QByteArray>("onDisk");
-    QTest::newRow("save") << QMessageBox::Save << true << QByteArray("new old\n");
+    QTest::newRow("save") << QMessageBox::Save << true << QByteArray("new old");
     QTest::newRow("discard") << QMessageBox::Discard << true << QByteArray("old\n");
     QTest::newRow("cancel") << QMessageBox::Cancel << false << QByteArray("old\n");
 }
@@ -293,7 +293,7 @@ void TestPageStack::saveInAnotherTabsQuestionSavesTheFrontOne()
     QVERIFY(m_stack->maybeCloseTab(0));
     QVERIFY(answers.texts().first().contains(path("behind.txt")));
     QCOMPARE(fileContents(path("behind.txt")), QByteArray("behind\n"));
-    QCOMPARE(fileContents(path("front.txt")), QByteArray("new front\n"));
+    QCOMPARE(fileContents(path("front.txt")), QByteArray("new front"));
     QVERIFY(behind->isModified());
     QVERIFY(!front->isModified());
 }
@@ -483,7 +483,7 @@ void TestPageStack::saveAsDialog()
         patterns.append("*." + QString::fromLatin1(format));
     QCOMPARE(dialog.nameFilters.mid(0, 3),
              (QStringList{"Kestrin7 Files (*.oxn)", "Image Files (" + patterns.join(' ') + ")", "All Files (*.*)"}));
-    QCOMPARE(fileContents(path("b.cpp")), QByteArray("text\n"));
+    QCOMPARE(fileContents(path("b.cpp")), QByteArray("text"));
     QCOMPARE(m_stack->currentPage()->fileName(), path("b.cpp"));
     QCOMPARE(m_host->currentFiles, QStringList{path("b.cpp")});
 }
@@ -548,7 +548,7 @@ void TestPageStack::saveAsPictureAndText()
     QVERIFY(m_stack->saveAs());
     QCOMPARE(answers.left(), 0);
     QCOMPARE(answers.seen().size(), 3);
-    QCOMPARE(fileContents(path("a.txt")), QByteArray("text\n"));
+    QCOMPARE(fileContents(path("a.txt")), QByteArray("text"));
 }
 
 void TestPageStack::saveWithoutATabIsQuiet()

@@ -40,9 +40,9 @@ void TestEditing::typedTextIsOnDisk()
     m_session.type(QStringLiteral("first line"));
     m_session.key(QStringLiteral("Return"));
     m_session.key(QStringLiteral("ctrl+s"));
-    QTRY_COMPARE(InstalledProgram::read(path), QByteArray("first line\nsecond line\nthird line\n"));
+    QTRY_COMPARE(InstalledProgram::read(path), QByteArray("first line\nsecond line\nthird line"));
     QVERIFY(program.closeRegularly());
-    QCOMPARE(InstalledProgram::read(path), QByteArray("first line\nsecond line\nthird line\n"));
+    QCOMPARE(InstalledProgram::read(path), QByteArray("first line\nsecond line\nthird line"));
 }
 
 void TestEditing::newFileIsSavedUnderAName()
@@ -83,7 +83,7 @@ void TestEditing::closingAsksAboutAModifiedDocument()
     QVERIFY(!question.isEmpty());
     m_session.key(QStringLiteral("Return"));
     QVERIFY(program.waitForExit());
-    QCOMPARE(InstalledProgram::read(path), QByteArray("xas it was\nand stays\nfor long\n"));
+    QCOMPARE(InstalledProgram::read(path), QByteArray("xas it was\nand stays\nfor long"));
 }
 
 REGISTER_TEST(TestEditing)

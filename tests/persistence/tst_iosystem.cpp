@@ -93,6 +93,8 @@ private slots:
     void numbersDoNotCountTheFinalLineFeed();
     void textIsTheSameOnDisk_data();
     void textIsTheSameOnDisk();
+    void finalLineEndIsNotWritten_data();
+    void finalLineEndIsNotWritten();
     void typedTextIsOnDiskAsTyped();
     void newDocumentIsSixtyBlanks();
     void latin1GrowsIntoUtf8();
@@ -236,37 +238,33 @@ void TestIoSystem::textIsTheSameOnDisk_data()
 {
     QTest::addColumn<QByteArray>("contents");
     QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no final line feed") << QByteArray("a\nb");
-    QTest::newRow("final line feed") << QByteArray("a\nb\n");
-    QTest::newRow("several final line feeds") << QByteArray("a\n\n\n");
-    QTest::newRow("only line feeds") << QByteArray("\n\n\n");
-    QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n");
-    QTest::newRow("CR LF, none at the end") << QByteArray("a\r\nb");
-    QTest::newRow("CR") << QByteArray("a\rb\r");
-    QTest::newRow("mixed line ends") << QByteArray("a\nb\r\nc\rd\n\r\n");
-    QTest::newRow("trailing blanks") << QByteArray("a  \n\t\n  b \n");
-    QTest::newRow("UTF-8") << QByteArray("\xC5\xBC\xC3\xB3\xC5\x82w \xE2\x82\xAC\n");
-    QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBFxyz\r\n");
+    QTest::newRow("two lines") << QByteArray("a\nb");
+    QTest::newRow("CR LF") << QByteArray("a\r\nb");
+    QTest::newRow("CR") << QByteArray("a\rb");
+    QTest::newRow("mixed line ends") << QByteArray("a\nb\r\nc\rd\n\r\ne");
+    QTest::newRow("trailing blanks") << QByteArray("a  \n\t\n  b ");
+    QTest::newRow("UTF-8") << QByteArray("\xC5\xBC\xC3\xB3\xC5\x82w \xE2\x82\xAC");
+    QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBFxyz\r\na");
     QTest::newRow("UTF-16 LE") << QByteArray("\xFF\xFE"
                                              "a\0\r\0\n\0b\0",
                                              10);
-    QTest::newRow("UTF-16 BE") << QByteArray("\xFE\xFF\0a\0\n", 6);
-    QTest::newRow("UTF-32 LE") << QByteArray("\xFF\xFE\0\0a\0\0\0\n\0\0\0", 12);
-    QTest::newRow("Latin-1") << QByteArray("gr\xFC\xDF\x65\n");
-    QTest::newRow("no-break space") << QByteArray("a\xC2\xA0\x62\n");
-    QTest::newRow("no-break space in Latin-1") << QByteArray("a\xA0\x62\n");
-    QTest::newRow("line separator") << QByteArray("a\xE2\x80\xA8\x62\n");
-    QTest::newRow("paragraph separator") << QByteArray("a\xE2\x80\xA9\x62\n");
-    QTest::newRow("next line") << QByteArray("a\xC2\x85\x62\n");
-    QTest::newRow("null bytes") << QByteArray("a\0b\0\0\nc\n", 8);
+    QTest::newRow("UTF-16 BE") << QByteArray("\xFE\xFF\0a\0\n\0b", 8);
+    QTest::newRow("UTF-32 LE") << QByteArray("\xFF\xFE\0\0a\0\0\0\n\0\0\0b\0\0\0", 16);
+    QTest::newRow("Latin-1") << QByteArray("gr\xFC\xDF\x65");
+    QTest::newRow("no-break space") << QByteArray("a\xC2\xA0\x62");
+    QTest::newRow("no-break space in Latin-1") << QByteArray("a\xA0\x62");
+    QTest::newRow("line separator") << QByteArray("a\xE2\x80\xA8\x62");
+    QTest::newRow("paragraph separator") << QByteArray("a\xE2\x80\xA9\x62");
+    QTest::newRow("next line") << QByteArray("a\xC2\x85\x62");
+    QTest::newRow("null bytes") << QByteArray("a\0b\0\0\nc", 7);
     QTest::newRow("control characters") << QByteArray("a\x01\x02\f\v\x1B"
-                                                      "[0m\n");
-    QTest::newRow("object replacement") << QByteArray("a\xEF\xBF\xBC\x62\n");
-    QTest::newRow("replacement character") << QByteArray("a\xEF\xBF\xBD\x62\n");
-    QTest::newRow("non-characters") << QByteArray("\xEF\xB7\x90\xEF\xB7\x91\xEF\xBF\xBE\n");
-    QTest::newRow("emoji with joiners") << QByteArray("\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x92\xBB\n");
-    QTest::newRow("right to left with marks") << QByteArray("\xE2\x80\x8F\xD7\x90\xD7\x91\xE2\x80\xAE\n");
-    QTest::newRow("combining, not composed") << QByteArray("e\xCC\x81\n");
+                                                      "[0m");
+    QTest::newRow("object replacement") << QByteArray("a\xEF\xBF\xBC\x62");
+    QTest::newRow("replacement character") << QByteArray("a\xEF\xBF\xBD\x62");
+    QTest::newRow("non-characters") << QByteArray("\xEF\xB7\x90\xEF\xB7\x91\xEF\xBF\xBE");
+    QTest::newRow("emoji with joiners") << QByteArray("\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x92\xBB");
+    QTest::newRow("right to left with marks") << QByteArray("\xE2\x80\x8F\xD7\x90\xD7\x91\xE2\x80\xAE");
+    QTest::newRow("combining, not composed") << QByteArray("e\xCC\x81");
     QByteArray all;
     for (int i = 0; i < 256; ++i)
         all.append(char(i));
@@ -287,6 +285,27 @@ void TestIoSystem::textIsTheSameOnDisk()
     QCOMPARE(bytesIn(path("b.txt")), contents);
 }
 
+/// Like a text editor of the plain kind: the end of the last line is no part of the text.
+void TestIoSystem::finalLineEndIsNotWritten_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QByteArray>("saved");
+    QTest::newRow("one line") << QByteArray("a\n") << QByteArray("a");
+    QTest::newRow("two lines") << QByteArray("a\nb\n") << QByteArray("a\nb");
+    QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n") << QByteArray("a\r\nb");
+    QTest::newRow("empty lines at the end") << QByteArray("a\n\n\n") << QByteArray("a\n\n");
+    QTest::newRow("a line feed alone") << QByteArray("\n") << QByteArray();
+    QTest::newRow("UTF-16 BE") << QByteArray("\xFE\xFF\0a\0\n", 6) << QByteArray("\xFE\xFF\0a", 4);
+}
+
+void TestIoSystem::finalLineEndIsNotWritten()
+{
+    QFETCH(const QByteArray, contents);
+    loadText("a.txt", contents);
+    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
+    QTEST(bytesIn(path("a.txt")), "saved");
+}
+
 void TestIoSystem::typedTextIsOnDiskAsTyped()
 {
     loadText("a.txt", "one\ntwo\n");
@@ -294,7 +313,7 @@ void TestIoSystem::typedTextIsOnDiskAsTyped()
     cursor.movePosition(QTextCursor::End);
     cursor.insertText(QStringLiteral("\nthree\u00a0\u20ac"));
     QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
-    QCOMPARE(bytesIn(path("a.txt")), QByteArray("one\ntwo\nthree\xC2\xA0\xE2\x82\xAC\n"));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("one\ntwo\nthree\xC2\xA0\xE2\x82\xAC"));
 }
 
 void TestIoSystem::newDocumentIsSixtyBlanks()
@@ -310,14 +329,14 @@ void TestIoSystem::latin1GrowsIntoUtf8()
     QTextCursor cursor(m_page->textDocument());
     cursor.insertText(QStringLiteral("\u00e4"));
     QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
-    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xE4gr\xFC\xDF\x65\n"));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xE4gr\xFC\xDF\x65"));
     cursor.insertText(QStringLiteral("\u20ac"));
     QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
-    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xC3\xA4\xE2\x82\xACgr\xC3\xBC\xC3\x9F\x65\n"));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xC3\xA4\xE2\x82\xACgr\xC3\xBC\xC3\x9F\x65"));
     // Once the character is gone the text fits again.
     cursor.deletePreviousChar();
     QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
-    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xE4gr\xFC\xDF\x65\n"));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("\xE4gr\xFC\xDF\x65"));
 }
 
 void TestIoSystem::savedFormatCanBeReadByTheSameRules()
@@ -448,7 +467,7 @@ void TestIoSystem::becameReadOnlyWhileOpen()
         QVERIFY(IoSystem::instance()->save(m_page.get(), path("b.txt")));
     }
     QCOMPARE(bytesIn(path("a.txt")), QByteArray("old\n"));
-    QCOMPARE(bytesIn(path("b.txt")), QByteArray("new old\n"));
+    QCOMPARE(bytesIn(path("b.txt")), QByteArray("new old"));
 }
 
 void TestIoSystem::folderBecameReadOnlyWhileOpen()
@@ -474,7 +493,7 @@ void TestIoSystem::vanishedFileIsWrittenAnew()
     loadText("a.txt", "one\n");
     QVERIFY(QFile::remove(path("a.txt")));
     QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.txt")));
-    QCOMPARE(bytesIn(path("a.txt")), QByteArray("one\n"));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("one"));
 }
 
 void TestIoSystem::pipeTakesTheFilesPlace()
@@ -510,7 +529,7 @@ void TestIoSystem::namesOfAllKinds()
     QCOMPARE(m_page->fileName(), path(name));
     QTextCursor(m_page->textDocument()).insertText(QStringLiteral("new "));
     QVERIFY(IoSystem::instance()->save(m_page.get(), path(name)));
-    QCOMPARE(bytesIn(path(name)), QByteArray("new text\n"));
+    QCOMPARE(bytesIn(path(name)), QByteArray("new text"));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
 }
 
