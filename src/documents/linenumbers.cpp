@@ -8,6 +8,8 @@
 #include <QTextCursor>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace {
 
@@ -18,6 +20,22 @@ QString numbersFrom(int first, int last)
     for (int number = first; number <= last; ++number)
         text += QString::number(number) + QLatin1Char('\n');
     return text;
+}
+
+/// How many numbers @p text holds if it is "1\n2\n" and so on; -1 if it is anything else.
+int countOfNumbers(QStringView text)
+{
+    int number = 0;
+    while (!text.isEmpty()) {
+        std::array<char, 12> digits;
+        const auto written = std::to_chars(digits.data(), digits.data() + digits.size() - 1, ++number);
+        *written.ptr = '\n';
+        const QLatin1String line(digits.data(), written.ptr + 1 - digits.data());
+        if (!text.startsWith(line))
+            return -1;
+        text = text.sliced(line.size());
+    }
+    return number;
 }
 
 } // namespace
@@ -40,8 +58,8 @@ void LineNumbers::postpone(int count)
 
 void LineNumbers::setNumbers(const QString &text)
 {
-    const int count = static_cast<int>(text.count(QLatin1Char('\n')));
-    if (text == numbersFrom(1, count)) {
+    const int count = countOfNumbers(text);
+    if (count >= 0) {
         postpone(count);
     } else {
         write();

@@ -12,14 +12,6 @@ constexpr size_t newChunk = maximumChunk / 2;
 
 } // namespace
 
-int LineTable::width() const
-{
-    int width = 0;
-    for (const Chunk &chunk : m_chunks)
-        width = std::max(width, chunk.width);
-    return width;
-}
-
 LineTable::Line LineTable::at(int index) const
 {
     const Place found = place(index);
@@ -158,8 +150,10 @@ void LineTable::sumUp(size_t chunk)
 void LineTable::sumUp()
 {
     m_count = 0;
+    m_width = 0;
     m_height = 0;
     for (const Chunk &chunk : m_chunks) {
+        m_width = std::max(m_width, chunk.width);
         m_count += chunk.count;
         m_height += chunk.height;
     }

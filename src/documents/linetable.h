@@ -25,7 +25,7 @@ public:
     /// Sum of all heights, in pixels.
     qint64 height() const { return m_height; }
     /// Greatest width in 64ths of a pixel; 0 without lines.
-    int width() const;
+    int width() const { return m_width; }
 
     /// Line @p index; it must exist.
     Line at(int index) const;
@@ -61,5 +61,6 @@ private:
     std::vector<Chunk> m_chunks; ///< Apart from the lines, so that walking it stays within the cache.
     std::vector<std::vector<Line>> m_lines;
     int m_count = 0;
+    int m_width = 0;
     qint64 m_height = 0;
 };

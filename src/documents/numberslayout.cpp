@@ -20,37 +20,27 @@ constexpr double unbounded = std::numeric_limits<int>::max();
 constexpr int manyNumbers = 100;
 
 /// One number in one line, as wide as it is.
-class NumberLine
+std::unique_ptr<QTextLayout> numberLine(const QString &number, const QFont &font)
 {
-public:
-    NumberLine(const QString &number, const QFont &font) : m_layout(number, font)
-    {
-        QTextOption option;
-        option.setWrapMode(QTextOption::NoWrap);
-        m_layout.setTextOption(option);
-        m_layout.setCacheEnabled(true);
-        m_layout.beginLayout();
-        QTextLine line = m_layout.createLine();
-        line.setLeadingIncluded(true);
-        line.setLineWidth(-1.0);
-        line.setLineWidth(line.naturalTextWidth());
-        m_layout.endLayout();
-    }
+    auto layout = std::make_unique<QTextLayout>(number, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    layout->setTextOption(option);
+    layout->setCacheEnabled(true);
+    layout->beginLayout();
+    QTextLine line = layout->createLine();
+    line.setLeadingIncluded(true);
+    line.setLineWidth(-1.0);
+    line.setLineWidth(line.naturalTextWidth());
+    layout->endLayout();
+    return layout;
+}
 
-    double width() const { return m_layout.lineAt(0).naturalTextWidth(); }
-
-    /// From line to line; a negative leading does not draw them together.
-    double height() const
-    {
-        const QTextLine line = m_layout.lineAt(0);
-        return std::max(std::ceil(line.ascent() + line.descent() + line.leading()), line.height());
-    }
-
-    void draw(QPainter *painter, const QPointF &position) const { m_layout.draw(painter, position); }
-
-private:
-    QTextLayout m_layout;
-};
+/// From line to line; a negative leading does not draw them together.
+double heightOf(const QTextLine &line)
+{
+    return std::max(std::ceil(line.ascent() + line.descent() + line.leading()), line.height());
+}
 
 } // namespace
 
@@ -81,9 +71,10 @@ void NumbersLayout::measure()
 {
     if (m_lineHeight <= 0 || document()->defaultFont() != m_font) {
         m_font = document()->defaultFont();
-        m_lineHeight = NumberLine(QStringLiteral("1"), m_font).height();
+        m_lineHeight = heightOf(numberLine(QStringLiteral("1"), m_font)->lineAt(0));
         m_measured = 0;
         m_records.clear();
+        m_painted.clear();
     }
     std::unique_ptr<TextMeter> meter;
     if (m_count - m_measured >= manyNumbers)
@@ -93,7 +84,7 @@ void NumbersLayout::measure()
         qint64 advance = 0;
         const double width = meter && meter->advance(number, &advance)
                                  ? static_cast<double>(advance + meter->overhang(number.back())) / 64
-                                 : NumberLine(number, m_font).width();
+                                 : numberLine(number, m_font)->lineAt(0).naturalTextWidth();
         if (m_records.empty() || width > m_records.back().width)
             m_records.push_back({m_measured + 1, width});
     }
@@ -145,7 +136,9 @@ void NumbersLayout::draw(QPainter *painter, const PaintContext &context)
     const QPen oldPen = painter->pen();
     painter->setPen(context.palette.color(QPalette::Text));
     for (int i = static_cast<int>(std::max(0.0, first)); i < m_count && i <= last; ++i) {
-        NumberLine(QString::number(i + 1), m_font).draw(painter, QPointF(margin(), margin() + i * m_lineHeight));
+        const QTextLayout *line = m_painted.line(i, [this, i] { return numberLine(QString::number(i + 1), m_font); });
+        line->draw(painter, QPointF(margin(), margin() + i * m_lineHeight));
     }
     painter->setPen(oldPen);
+    m_painted.keepAround(static_cast<int>(first), static_cast<int>(last));
 }

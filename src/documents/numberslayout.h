@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "documents/linecache.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QFont>
 #include <QSizeF>
@@ -49,4 +51,5 @@ private:
     int m_measured = 0;            ///< Numbers up to this one are measured.
     std::vector<Record> m_records; ///< Ascending; few, as most numbers are as wide as others.
     QSizeF m_size;
+    LineCache m_painted;
 };

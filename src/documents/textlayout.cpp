@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/textlayout.h"
 
-#include "documents/textmeter.h"
-
 #include <QPainter>
 #include <QStyle>
 #include <QTextBlock>
@@ -19,23 +17,11 @@ namespace {
 
 /// Changes of up to so many lines are measured by shaping, which is exact whatever the text is.
 constexpr int fewLines = 64;
+/// Longer lines are measured by table when they can be.
+constexpr int longLine = 4096;
 /// So many QTextLayouts stay laid out; more than a screenful, so that none is laid out twice for one painting.
 constexpr size_t keptLayouts = 256;
-/// Widest line in pixels that Qt's text engine lays out; longer ones it cuts in its own way.
-constexpr qint64 widestLine = std::numeric_limits<int>::max() / 256;
 constexpr double endless = std::numeric_limits<int>::max();
-/// Pixels between two tab stops where the document says nothing, as in Qt.
-constexpr double defaultTabStop = 80.0;
-
-bool changesFont(const QTextCharFormat &format)
-{
-    const QMap<int, QVariant> properties = format.properties();
-    return std::any_of(properties.keyBegin(), properties.keyEnd(), [](int property) {
-        return (property >= QTextFormat::FirstFontProperty && property <= QTextFormat::LastFontProperty) ||
-               property == QTextFormat::FontLetterSpacingType || property == QTextFormat::FontStretch ||
-               property == QTextFormat::TextVerticalAlignment || property == QTextFormat::ObjectType;
-    });
-}
 
 /// Has formats or text besides that of its block.
 bool isFormatted(const QTextLayout *layout)
@@ -43,10 +29,18 @@ bool isFormatted(const QTextLayout *layout)
     return !layout->formats().isEmpty() || !layout->preeditAreaText().isEmpty();
 }
 
+/// The text itself decides whether it runs from left to right.
+bool hasDirectionOfText(const QTextBlock &block)
+{
+    return block.blockFormat().layoutDirection() == Qt::LayoutDirectionAuto;
+}
+
 /// The text of all blocks from @p first to @p last with one character between each two; for all blocks at once it is
 /// several times as fast as block by block.
 QString textOf(const QTextBlock &first, const QTextBlock &last)
 {
+    if (first.blockNumber() == 0 && !last.next().isValid())
+        return first.document()->toRawText();
     QTextCursor cursor(first);
     cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
     return cursor.selectedText();
@@ -163,46 +157,49 @@ int TextLayout::hitTest(const QPointF &exactPoint, Qt::HitTestAccuracy accuracy)
     return std::min(last + static_cast<int>(layout->preeditAreaText().size()), block.position() + offset);
 }
 
-QRectF TextLayout::clipRect(const PaintContext &context) const
-{
-    const QRectF inside = QRectF(QPointF(), documentSize()).adjusted(margin(), 0, -margin(), 0);
-    return context.clip.isValid() ? context.clip & inside : inside;
-}
-
 void TextLayout::draw(QPainter *painter, const PaintContext &context)
 {
-    clearOldest();
+    releaseOldest();
     const QRectF &clip = context.clip;
     const QSizeF size = documentSize();
     if (m_lines.count() == 0 || (clip.isValid() && (clip.bottom() < 0 || clip.top() > size.height() ||
                                                     clip.right() < 0 || clip.left() > size.width())))
         return;
 
-    int number = 0;
+    int first = 0;
     int last = m_lines.count() - 1;
+    QRectF inside = QRectF(QPointF(), size).adjusted(margin(), 0, -margin(), 0);
     if (clip.isValid()) {
         // A line that only touches the clip may still reach into it.
-        number = std::max(0, m_lines.indexAt(clip.top() - margin()) - 1);
+        first = std::max(0, m_lines.indexAt(clip.top() - margin()) - 1);
         last = m_lines.indexAt(clip.bottom() - margin());
+        inside &= clip;
     }
-    QTextBlock block = document()->findBlockByNumber(number);
-    double y = top(number);
-    for (; number <= last && block.isValid(); ++number, block = block.next()) {
+    QTextBlock block = document()->findBlockByNumber(first);
+    double y = top(first);
+    for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
         const LineTable::Line line = m_lines.at(number);
-        if (line.formatted) {
-            drawBlock(painter, context, block, laidOut(block));
-        } else {
-            QTextLayout layout(block);
-            layout.setCacheEnabled(true);
-            layOut(&layout, block);
-            layout.setPosition(QPointF(margin(), y));
-            drawBlock(painter, context, block, &layout);
-        }
+        QTextLayout *layout = layoutToPaint(block, number, line);
+        layout->setPosition(QPointF(margin(), y));
+        drawBlock(painter, context, inside, block, layout);
         y += line.height;
     }
+    m_painted.keepAround(first, last);
 }
 
-void TextLayout::drawBlock(QPainter *painter, const PaintContext &context, const QTextBlock &block,
+QTextLayout *TextLayout::layoutToPaint(const QTextBlock &block, int number, const LineTable::Line &line)
+{
+    if (line.formatted || std::ranges::find(m_laidOut, number) != m_laidOut.end())
+        return laidOut(block);
+    return m_painted.line(number, [this, &block] {
+        auto layout = std::make_unique<QTextLayout>(block);
+        layout->setCacheEnabled(true);
+        layOut(layout.get(), block);
+        return layout;
+    });
+}
+
+void TextLayout::drawBlock(QPainter *painter, const PaintContext &context, const QRectF &clip, const QTextBlock &block,
                            QTextLayout *layout) const
 {
     const QRectF rect = layout->boundingRect().translated(layout->position());
@@ -210,7 +207,7 @@ void TextLayout::drawBlock(QPainter *painter, const PaintContext &context, const
         return;
     const QPen oldPen = painter->pen();
     painter->setPen(context.palette.color(QPalette::Text));
-    layout->draw(painter, QPointF(), selectionsIn(block, context, layout), clipRect(context));
+    layout->draw(painter, QPointF(), selectionsIn(block, context, layout), clip);
     int cursor = context.cursorPosition;
     const bool inPreedit = cursor < -1 && !layout->preeditAreaText().isEmpty();
     if (inPreedit || block.contains(cursor)) {
@@ -224,7 +221,7 @@ void TextLayout::drawBlock(QPainter *painter, const PaintContext &context, const
 void TextLayout::documentChanged(int from, int removed, int added)
 {
     Q_UNUSED(removed);
-    fitMeters();
+    m_meter.fit(*document());
     const int last = document()->blockCount() - 1;
     const int delta = last + 1 - m_lines.count();
     // The block behind the last changed character takes what was left of a block.
@@ -238,8 +235,11 @@ void TextLayout::documentChanged(int from, int removed, int added)
     }
 
     const qint64 heightBefore = m_lines.height();
-    m_lines.replace(now.first, lastBefore - now.first + 1,
-                    now.last - now.first < fewLines ? measureFew(now) : measureMany(now));
+    const int countBefore = lastBefore - now.first + 1;
+    const int countNow = now.last - now.first + 1;
+    m_painted.replace(now.first, countBefore, countNow);
+    moveLaidOut(now.first, countBefore, countNow);
+    m_lines.replace(now.first, countBefore, countNow <= fewLines ? measureFew(now) : measureMany(now));
 
     const QSizeF size = documentSize();
     if (size != m_size) {
@@ -252,39 +252,26 @@ void TextLayout::documentChanged(int from, int removed, int added)
     emit update(QRectF(0, changedTop, endless, sameBelow ? top(now.last + 1) - changedTop : endless));
 }
 
-void TextLayout::fitMeters()
-{
-    const QTextOption option = document()->defaultTextOption();
-    m_tabStop = static_cast<int>((option.tabStopDistance() > 0 ? option.tabStopDistance() : defaultTabStop) * 64);
-    // Right-to-left lines and visible blanks and line ends have other widths.
-    m_metersApply = option.textDirection() != Qt::RightToLeft && option.flags() == 0;
-    if (document()->defaultFont() == m_font)
-        return;
-    m_font = document()->defaultFont();
-    m_meters.clear();
-}
-
-TextMeter &TextLayout::meter(const QFont &font)
-{
-    for (const auto &[known, meter] : m_meters) {
-        if (known == font)
-            return *meter;
-    }
-    return *m_meters.emplace_back(font, std::make_unique<TextMeter>(font)).second;
-}
-
 std::vector<LineTable::Line> TextLayout::measureFew(BlockRange blocks)
 {
     std::vector<LineTable::Line> lines;
     QTextBlock block = document()->findBlockByNumber(blocks.first);
     for (int number = blocks.first; number <= blocks.last; ++number, block = block.next()) {
         block.clearLayout();
-        // The caret is likely to be there and to ask for it next.
-        LineTable::Line line = layOut(block.layout(), block);
-        m_laidOut.push_back(number);
-        line.formatted = isFormatted(block.layout());
-        m_highlighted = m_highlighted || (line.formatted && block.layout()->preeditAreaText().isEmpty());
-        lines.push_back(line);
+        QTextLayout *layout = block.layout();
+        const bool formatted = isFormatted(layout);
+        m_highlighted = m_highlighted || (formatted && layout->preeditAreaText().isEmpty());
+        std::optional<LineTable::Line> line;
+        if (block.length() > longLine && hasDirectionOfText(block) && layout->preeditAreaText().isEmpty())
+            line = m_meter.measure(block.text(), layout->formats());
+        if (!line) {
+            // The caret is likely to be there and to ask for it next.
+            layout->setCacheEnabled(true);
+            line = layOut(layout, block);
+            m_laidOut.push_back(number);
+        }
+        line->formatted = formatted;
+        lines.push_back(*line);
     }
     return lines;
 }
@@ -296,24 +283,23 @@ std::vector<LineTable::Line> TextLayout::measureMany(BlockRange blocks)
     std::vector<LineTable::Line> lines;
     lines.reserve(static_cast<size_t>(blocks.last - blocks.first + 1));
     // Nearly all blocks have the same format, known by its index.
-    int plainFormat = -1;
-    const auto isPlain = [&plainFormat](const QTextBlock &block) {
-        if (block.blockFormatIndex() != plainFormat && block.blockFormat().layoutDirection() == Qt::LayoutDirectionAuto)
-            plainFormat = block.blockFormatIndex();
-        return block.blockFormatIndex() == plainFormat;
-    };
+    int knownFormat = -1;
     qsizetype start = 0;
     QTextBlock block = first;
     for (int number = blocks.first; number <= blocks.last; ++number, block = block.next()) {
         block.clearLayout();
-        const qsizetype length = block.length();
+        if (block.blockFormatIndex() != knownFormat && hasDirectionOfText(block))
+            knownFormat = block.blockFormatIndex();
         const bool formatted = m_highlighted && isFormatted(block.layout());
-        LineTable::Line line;
-        if (!m_metersApply || !isPlain(block) ||
-            !measureByTable(block, QStringView(content).mid(start, length - 1), formatted, &line))
+        const qsizetype length = block.length();
+        std::optional<LineTable::Line> line;
+        if (block.blockFormatIndex() == knownFormat && (!formatted || block.layout()->preeditAreaText().isEmpty()))
+            line = m_meter.measure(QStringView(content).mid(start, length - 1),
+                                   formatted ? block.layout()->formats() : QList<QTextLayout::FormatRange>());
+        if (!line)
             line = measureByShaping(block, formatted);
-        line.formatted = formatted;
-        lines.push_back(line);
+        line->formatted = formatted;
+        lines.push_back(*line);
         start += length;
     }
     return lines;
@@ -325,59 +311,10 @@ LineTable::Line TextLayout::measureByShaping(const QTextBlock &block, bool forma
         QTextLayout layout(block);
         return layOut(&layout, block);
     }
+    block.layout()->setCacheEnabled(false);
     const LineTable::Line line = layOut(block.layout(), block);
     block.layout()->clearLayout();
     return line;
-}
-
-bool TextLayout::measureByTable(const QTextBlock &block, QStringView text, bool formatted, LineTable::Line *line)
-{
-    TextMeter &plain = meter(m_font);
-    TextMeter *last = &plain;
-    qint64 x = 0;
-    qsizetype done = 0;
-    if (formatted) {
-        if (!block.layout()->preeditAreaText().isEmpty())
-            return false;
-        for (const QTextLayout::FormatRange &range : block.layout()->formats()) {
-            // Highlighters give ranges in order; where they overlap, formats mix.
-            if (range.start < done)
-                return false;
-            if (range.format.properties().contains(QTextFormat::TextVerticalAlignment))
-                return false;
-            const qsizetype end = std::min<qsizetype>(range.start + range.length, text.size());
-            TextMeter &own = changesFont(range.format) ? meter(range.format.font().resolve(m_font)) : plain;
-            if (!own.sameHeight(plain) || !advance(plain, text.mid(done, range.start - done), &x) ||
-                !advance(own, text.mid(range.start, end - range.start), &x))
-                return false;
-            last = &own;
-            done = end;
-        }
-        if (done < text.size())
-            last = &plain;
-    }
-    if (!advance(plain, text.mid(done), &x))
-        return false;
-    if (!text.isEmpty() && !text.back().isSpace())
-        x += last->overhang(text.back());
-    if (x > widestLine * 64)
-        return false;
-    line->width = static_cast<int>(x);
-    line->height = plain.lineHeight();
-    return true;
-}
-
-bool TextLayout::advance(TextMeter &meter, QStringView text, qint64 *x) const
-{
-    for (;;) {
-        const qsizetype tab = text.indexOf(QLatin1Char('\t'));
-        if (!meter.advance(tab < 0 ? text : text.first(tab), x))
-            return false;
-        if (tab < 0)
-            return true;
-        *x = (*x / m_tabStop + 1) * m_tabStop;
-        text = text.sliced(tab + 1);
-    }
 }
 
 LineTable::Line TextLayout::layOut(QTextLayout *layout, const QTextBlock &block) const
@@ -413,6 +350,7 @@ QTextLayout *TextLayout::laidOut(const QTextBlock &block) const
 {
     QTextLayout *layout = block.layout();
     if (layout->lineCount() == 0) {
+        layout->setCacheEnabled(true);
         layOut(layout, block);
         m_laidOut.push_back(block.blockNumber());
     }
@@ -420,11 +358,29 @@ QTextLayout *TextLayout::laidOut(const QTextBlock &block) const
     return layout;
 }
 
-void TextLayout::clearOldest() const
+void TextLayout::moveLaidOut(int first, int before, int now)
+{
+    std::erase_if(m_laidOut, [=](int number) { return number >= first && number < first + before; });
+    for (int &number : m_laidOut) {
+        if (number >= first)
+            number += now - before;
+    }
+}
+
+void TextLayout::releaseOldest()
 {
     if (m_laidOut.size() <= keptLayouts)
         return;
     const auto kept = m_laidOut.end() - static_cast<std::ptrdiff_t>(keptLayouts);
-    std::for_each(m_laidOut.begin(), kept, [this](int number) { document()->findBlockByNumber(number).clearLayout(); });
+    for (auto number = m_laidOut.begin(); number != kept; ++number) {
+        QTextBlock block = document()->findBlockByNumber(*number);
+        if (!block.isValid())
+            continue;
+        block.clearLayout();
+        // An empty round lets go of the shaped text too.
+        block.layout()->setCacheEnabled(false);
+        block.layout()->beginLayout();
+        block.layout()->endLayout();
+    }
     m_laidOut.erase(m_laidOut.begin(), kept);
 }

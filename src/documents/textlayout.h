@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "documents/linecache.h"
+#include "documents/linemeter.h"
 #include "documents/linetable.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QFont>
 #include <QSizeF>
 
-#include <memory>
 #include <vector>
 
 class QTextBlock;
 class QTextLayout;
-class TextMeter;
 
 /// Layout of a document of plain, unwrapped text, for texts of any length.
 ///
@@ -23,8 +22,8 @@ class TextMeter;
 /// pixels from its upper left corner, the document margin included.
 ///
 /// A change of the text costs what the changed lines cost, wherever they are. Size and places of lines are always
-/// exact, of every line. Only lines that a caret, a search or formats ask for get a QTextLayout of their own; plain
-/// lines are laid out for the moment they are painted.
+/// exact, of every line. Only lines that a caret, a search or formats ask for get a QTextLayout of their own; of the
+/// others, those around what was painted last are kept.
 class TextLayout : public QAbstractTextDocumentLayout
 {
     Q_OBJECT
@@ -65,29 +64,25 @@ private:
 
     double margin() const;
     double top(int blockNumber) const;
-    QRectF clipRect(const PaintContext &context) const;
-    void drawBlock(QPainter *painter, const PaintContext &context, const QTextBlock &block, QTextLayout *layout) const;
+    QTextLayout *layoutToPaint(const QTextBlock &block, int number, const LineTable::Line &line);
+    void drawBlock(QPainter *painter, const PaintContext &context, const QRectF &clip, const QTextBlock &block,
+                   QTextLayout *layout) const;
 
-    void fitMeters();
     std::vector<LineTable::Line> measureFew(BlockRange blocks);
     std::vector<LineTable::Line> measureMany(BlockRange blocks);
     LineTable::Line measureByShaping(const QTextBlock &block, bool formatted) const;
-    bool measureByTable(const QTextBlock &block, QStringView text, bool formatted, LineTable::Line *line);
-    bool advance(TextMeter &meter, QStringView text, qint64 *x) const;
-    TextMeter &meter(const QFont &font);
 
     LineTable::Line layOut(QTextLayout *layout, const QTextBlock &block) const;
     QTextLayout *laidOut(const QTextBlock &block) const;
-    void clearOldest() const;
+    void moveLaidOut(int first, int before, int now);
+    void releaseOldest();
 
     LineTable m_lines;
+    LineMeter m_meter;
+    LineCache m_painted; ///< Lines whose block has no layout of its own.
     QSizeF m_size;
     int m_cursorWidth = 1;
     bool m_highlighted = false;
-    QFont m_font;      ///< The document's, at the last measuring.
-    int m_tabStop = 0; ///< In 64ths of a pixel.
-    bool m_metersApply = true;
-    std::vector<std::pair<QFont, std::unique_ptr<TextMeter>>> m_meters;
     /// Numbers of the blocks whose own QTextLayout is laid out, latest last.
     mutable std::vector<int> m_laidOut;
 };

@@ -66,7 +66,6 @@ TextMeter::TextMeter(const QFont &font) : m_font(font)
     m_leading = sample.line().leading();
     // Some fonts have a negative leading; it does not draw the next line nearer.
     m_lineHeight = std::max(qCeil(m_ascent + m_descent + m_leading), qCeil(sample.line().height()));
-    // Lines without letters must be as high as those with some, or nothing is known.
     m_usable = hasHeightOf(Sample(QString(), font).line()) && hasHeightOf(Sample(QStringLiteral("\t"), font).line());
 }
 

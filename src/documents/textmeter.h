@@ -24,6 +24,8 @@ public:
 
     /// Height of a line in this font in whole pixels, the space to the next line included.
     int lineHeight() const { return m_lineHeight; }
+    /// False if lines without letters are not as high as those with some; advance() then knows nothing.
+    bool isUsable() const { return m_usable; }
     bool sameHeight(const TextMeter &other) const;
     /// Advances @p x over @p text, which holds no tab; false if something in it is not known.
     bool advance(QStringView text, qint64 *x);

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "documents/linemeter.h"
+
+#include "documents/textmeter.h"
+
+#include <QTextDocument>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+/// Pixels between two tab stops where the document says nothing, as in Qt.
+constexpr double defaultTabStop = 80.0;
+
+/// Highlighters have a format or two for each kind of word; input methods make new ones all the time.
+constexpr size_t keptFormats = 50;
+
+enum class FormatKind { Colours, Font, Else };
+
+/// What @p format means for the width of text.
+FormatKind kindOf(const QTextFormat &format)
+{
+    const QMap<int, QVariant> properties = format.properties();
+    FormatKind kind = FormatKind::Colours;
+    for (auto property = properties.keyBegin(); property != properties.keyEnd(); ++property) {
+        if (*property == QTextFormat::TextVerticalAlignment || *property == QTextFormat::ObjectType)
+            return FormatKind::Else;
+        if ((*property >= QTextFormat::FirstFontProperty && *property <= QTextFormat::LastFontProperty) ||
+            *property == QTextFormat::FontLetterSpacingType || *property == QTextFormat::FontStretch)
+            kind = FormatKind::Font;
+    }
+    return kind;
+}
+
+} // namespace
+
+LineMeter::LineMeter() = default;
+
+LineMeter::~LineMeter() = default;
+
+void LineMeter::fit(const QTextDocument &document)
+{
+    const QTextOption option = document.defaultTextOption();
+    m_tabStop = static_cast<int>((option.tabStopDistance() > 0 ? option.tabStopDistance() : defaultTabStop) * 64);
+    // Right-to-left lines, and visible blanks and line ends, have other widths.
+    m_applies = option.textDirection() != Qt::RightToLeft && option.flags() == 0;
+    if (document.defaultFont() == m_font)
+        return;
+    m_font = document.defaultFont();
+    m_plain = nullptr;
+    m_effects.clear();
+    m_meters.clear();
+}
+
+std::optional<LineTable::Line> LineMeter::measure(QStringView text, const QList<QTextLayout::FormatRange> &formats)
+{
+    if (!m_applies)
+        return {};
+    if (!m_plain)
+        m_plain = meterOf(m_font);
+    Pen pen;
+    qsizetype done = 0;
+    for (const QTextLayout::FormatRange &range : formats) {
+        // Where ranges overlap their formats mix.
+        if (range.start < done || range.start > text.size())
+            return {};
+        const qsizetype end = std::min<qsizetype>(range.start + range.length, text.size());
+        // Text is shaped anew at each end of a range, so no pair spans it.
+        if (!advance(m_plain, text.mid(done, range.start - done), &pen) ||
+            !advance(meterFor(range.format), text.mid(range.start, end - range.start), &pen))
+            return {};
+        done = end;
+    }
+    if (!advance(m_plain, text.mid(done), &pen))
+        return {};
+    if (pen.last && !text.back().isSpace())
+        pen.x += pen.last->overhang(text.back());
+    LineTable::Line line;
+    line.width = static_cast<int>(std::min<qint64>(pen.x, std::numeric_limits<int>::max()));
+    line.height = m_plain->lineHeight();
+    return line;
+}
+
+TextMeter *LineMeter::meterFor(const QTextCharFormat &format)
+{
+    for (const Effect &known : m_effects) {
+        if (known.format == format)
+            return known.meter;
+    }
+    if (m_effects.size() == keptFormats)
+        m_effects.clear();
+    TextMeter *meter = nullptr;
+    switch (kindOf(format)) {
+    case FormatKind::Colours:
+        meter = m_plain;
+        break;
+    case FormatKind::Font:
+        meter = meterOf(format.font().resolve(m_font));
+        break;
+    case FormatKind::Else:
+        break;
+    }
+    // A line is as high as the highest font in it.
+    if (meter && !meter->sameHeight(*m_plain))
+        meter = nullptr;
+    m_effects.push_back({format, meter});
+    return meter;
+}
+
+TextMeter *LineMeter::meterOf(const QFont &font)
+{
+    for (const auto &[known, meter] : m_meters) {
+        if (known == font)
+            return meter.get();
+    }
+    return m_meters.emplace_back(font, std::make_unique<TextMeter>(font)).second.get();
+}
+
+bool LineMeter::advance(TextMeter *meter, QStringView text, Pen *pen) const
+{
+    if (!meter || !meter->isUsable())
+        return false;
+    if (text.isEmpty())
+        return true;
+    pen->last = meter;
+    for (qsizetype tab = text.indexOf(QLatin1Char('\t')); tab >= 0; tab = text.indexOf(QLatin1Char('\t'))) {
+        if (!meter->advance(text.first(tab), &pen->x))
+            return false;
+        pen->x = (pen->x / m_tabStop + 1) * m_tabStop;
+        text = text.sliced(tab + 1);
+    }
+    return meter->advance(text, &pen->x);
+}
