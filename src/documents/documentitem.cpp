@@ -180,7 +180,7 @@ QGraphicsTextItem *DocumentItem::textItem() const
     return m_textItem;
 }
 
-QGraphicsTextItem *DocumentItem::lineNumbersItem() const
+QGraphicsTextItem *DocumentItem::lineNumbersItem()
 {
     m_lineNumbers->write();
     return m_lineNumbersItem;

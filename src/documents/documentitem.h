@@ -47,9 +47,9 @@ public:
     /// All owned by this object, never null.
     QTextDocument *textDocument() const;
     QGraphicsTextItem *textItem() const;
-    /// Its document's text is written first, which costs as much again as the text itself: not for everyday use.
-    QGraphicsTextItem *lineNumbersItem() const;
     QGraphicsPixmapItem *pixmapItem() const;
+    /// Writes the text of its document first, which costs as much again as the text itself: not for everyday use.
+    QGraphicsTextItem *lineNumbersItem();
 
     void setLineNumbersVisible(bool visible);
     bool lineNumbersVisible() const;

@@ -17,6 +17,7 @@
 #include <QFileInfo>
 #include <QGraphicsTextItem>
 #include <QGraphicsView>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QTextDocument>
 #include <QUndoGroup>
@@ -427,6 +428,7 @@ void Page::renderClean(QPainter *painter, const QRectF &target, const QRectF &so
                        Qt::AspectRatioMode aspectRatioMode)
 {
     m_drawToolOverlay = false;
+    const auto drawAgain = qScopeGuard([this] { m_drawToolOverlay = true; });
     render(painter, target, source, aspectRatioMode);
 }
 

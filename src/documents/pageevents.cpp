@@ -140,7 +140,6 @@ void Page::drawForeground(QPainter *painter, const QRectF &rect)
     }
     if (m_drawToolOverlay)
         tool->paintOverlay(painter);
-    m_drawToolOverlay = true;
 }
 
 QList<Annotation *> Page::selectedAnnotations() const

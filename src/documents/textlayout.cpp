@@ -175,6 +175,10 @@ void TextLayout::draw(QPainter *painter, const PaintContext &context)
         last = m_lines.indexAt(clip.bottom() - margin());
         inside &= clip;
     }
+    // Until the layout hears of a change, the document's blocks may have other numbers than its lines.
+    const bool amidChange = m_lines.count() != document()->blockCount();
+    if (amidChange)
+        m_painted.clear();
     QTextBlock block = document()->findBlockByNumber(first);
     double y = top(first);
     for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
@@ -184,7 +188,10 @@ void TextLayout::draw(QPainter *painter, const PaintContext &context)
         drawBlock(painter, context, inside, block, layout);
         y += line.height;
     }
-    m_painted.keepAround(first, last);
+    if (amidChange)
+        m_painted.clear();
+    else
+        m_painted.keepAround(first, last);
 }
 
 QTextLayout *TextLayout::layoutToPaint(const QTextBlock &block, int number, const LineTable::Line &line)

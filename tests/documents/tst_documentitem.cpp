@@ -160,7 +160,7 @@ void TestDocumentItem::tabStopsStandSixteenUnitsApart()
 void TestDocumentItem::itemsLieBelowTheMarks()
 {
     Page page(nullptr);
-    const DocumentItem *item = page.documentItem();
+    DocumentItem *item = page.documentItem();
     QCOMPARE(item->textItem()->zValue(), -1.0);
     QCOMPARE(item->lineNumbersItem()->zValue(), -1.0);
     QCOMPARE(item->pixmapItem()->zValue(), -1.0);
@@ -316,7 +316,7 @@ void TestDocumentItem::boundingRectJoinsTheItems()
 {
     Page page(nullptr);
     fill(&page, linesOfText(3));
-    const DocumentItem *item = page.documentItem();
+    DocumentItem *item = page.documentItem();
     QCOMPARE(item->boundingRect(), item->textItem()->boundingRect() | item->lineNumbersItem()->boundingRect() |
                                        item->pixmapItem()->boundingRect());
     page.documentItem()->setImageContents(QPixmap(2000, 3000));

@@ -46,6 +46,7 @@ private slots:
     void contextMenuIsTheWindows();
     void markUnderConstructionIsPainted();
     void overlayIsPaintedButNotInACleanPicture();
+    void aCleanPictureHidesTheOverlayOnceOnly();
     void emptyRectanglePaintsNothing();
     void anyKeyWithTextModifies_data();
     void anyKeyWithTextModifies();
@@ -425,6 +426,31 @@ void TestPageEvents::overlayIsPaintedButNotInACleanPicture()
     QCOMPARE(render(false), QColor(Qt::green));
     QCOMPARE(render(true), QColor(Qt::white));
     QCOMPARE(render(false), QColor(Qt::green));
+}
+
+void TestPageEvents::aCleanPictureHidesTheOverlayOnceOnly()
+{
+    QImage picture(50, 50, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    const auto renderCleanWith = [&](Tool *tool, const QRectF &source) {
+        m_host->tool = tool;
+        m_page->renderClean(&painter, QRectF(0, 0, 50, 50), source, Qt::IgnoreAspectRatio);
+    };
+    FakeTool tool;
+    FakeDrawingTool drawingTool;
+    const auto overlaysOfARender = [&] {
+        m_host->tool = &tool;
+        tool.overlays = 0;
+        m_page->render(&painter, QRectF(0, 0, 50, 50), QRectF(0, 0, 50, 50));
+        return tool.overlays;
+    };
+    // Whatever the clean picture did or did not paint, the next one has its overlay.
+    renderCleanWith(&drawingTool, QRectF(0, 0, 50, 50));
+    QCOMPARE(overlaysOfARender(), 1);
+    renderCleanWith(nullptr, QRectF(0, 0, 50, 50));
+    QCOMPARE(overlaysOfARender(), 1);
+    renderCleanWith(&tool, QRectF(5, 5, 0, 10));
+    QCOMPARE(overlaysOfARender(), 1);
 }
 
 void TestPageEvents::emptyRectanglePaintsNothing()

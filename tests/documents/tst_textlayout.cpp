@@ -242,6 +242,15 @@ QString hitDifference(Twins &twins, double step)
     return {};
 }
 
+/// How many blocks have a laid-out QTextLayout of their own.
+int laidOutBlocks(const QTextDocument &document)
+{
+    int laidOut = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+        laidOut += block.layout()->lineCount() > 0 ? 1 : 0;
+    return laidOut;
+}
+
 /// A text item in a scene of its own that takes keys and mouse as if it were in a window.
 class Editor
 {
@@ -321,6 +330,8 @@ private slots:
     void reportsSizeAtOnce();
     void updatesOnlyWhatChanged();
     void paintingKeepsNoLayouts();
+    void layoutsAreReleasedAlsoAfterLinesMoved();
+    void paintsRightAfterPaintingDuringAChange();
     void survivesQuestionsDuringAChange();
     void survivesForeignBlocks();
 };
@@ -791,15 +802,61 @@ void TestTextLayout::paintingKeepsNoLayouts()
             context.clip = QRectF(0, y, 300, 400);
             painted(&document, context, context.clip);
         }
-        int laidOut = 0;
-        for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
-            laidOut += block.layout()->lineCount() > 0 ? 1 : 0;
-        return laidOut;
+        return laidOutBlocks(document);
     };
     QCOMPARE(laidOutAfterPainting(false), 0);
     const int kept = laidOutAfterPainting(true);
     QVERIFY(kept > 0);
     QVERIFY2(kept <= 320, qPrintable(QString::number(kept)));
+}
+
+void TestTextLayout::layoutsAreReleasedAlsoAfterLinesMoved()
+{
+    QTextDocument document;
+    document.setDocumentLayout(new TextLayout(&document));
+    document.setPlainText(manyLines(2000));
+    // A caret that walks on while lines come and go above it.
+    for (int step = 0; step < 600; ++step) {
+        document.documentLayout()->blockBoundingRect(document.findBlockByNumber(1000 + step));
+        QTextCursor cursor(&document);
+        if (step % 3 == 0)
+            cursor.insertText(QStringLiteral("one\ntwo\nthree\n"));
+        else if (step % 3 == 1)
+            cursor.insertText(QStringLiteral("\n"));
+        else
+            cursor.deleteChar();
+    }
+    QVERIFY(laidOutBlocks(document) > 500);
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.clip = QRectF(0, 0, 100, 100);
+    painted(&document, context, context.clip);
+    const int kept = laidOutBlocks(document);
+    QVERIFY2(kept <= 320, qPrintable(QString::number(kept)));
+}
+
+void TestTextLayout::paintsRightAfterPaintingDuringAChange()
+{
+    Twins twins(QFont(QStringLiteral("Courier"), 10));
+    twins.setText(manyLines(150));
+    QTextDocument *document = &twins.ours;
+    const QRectF area(0, 0, 300, 3000);
+    connect(document, &QTextDocument::contentsChange, this, [document, &area] {
+        QAbstractTextDocumentLayout::PaintContext context;
+        context.clip = area;
+        painted(document, context, area);
+    });
+    // Lines further down are painted under the numbers they have after the change, before the layout hears of it.
+    for (const auto &[from, lines] : {std::pair(3, 2), std::pair(30, 7), std::pair(0, 1)}) {
+        for (QTextDocument *each : twins.both()) {
+            QTextCursor cursor(each->findBlockByNumber(from));
+            cursor.movePosition(QTextCursor::Down, QTextCursor::KeepAnchor, lines);
+            cursor.removeSelectedText();
+        }
+        QCOMPARE(pictureDifference(twins, visibleArea(twins)), QString());
+        for (QTextDocument *each : twins.both())
+            QTextCursor(each->findBlockByNumber(from)).insertText(QStringLiteral("new\nlines\n"));
+        QCOMPARE(pictureDifference(twins, visibleArea(twins)), QString());
+    }
 }
 
 void TestTextLayout::survivesQuestionsDuringAChange()
