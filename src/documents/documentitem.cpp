@@ -222,6 +222,11 @@ void DocumentItem::setBounds(const QRectF &bounds)
     m_bounds = bounds;
 }
 
+QRectF DocumentItem::bounds() const
+{
+    return m_bounds;
+}
+
 QString DocumentItem::selectedText() const
 {
     return m_textItem->textCursor().selectedText();

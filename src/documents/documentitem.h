@@ -60,7 +60,9 @@ public:
     int lineCount() const;
     /// The text exactly as it is, lines separated by line feeds: no-break spaces and line separators stay.
     QString plainText() const;
+    /// The rectangle that the document counts as filling; kept for whoever wants to know, it changes nothing here.
     void setBounds(const QRectF &bounds);
+    QRectF bounds() const;
     QString selectedText() const;
     /// Removes the selected text and returns it.
     QString cutSelectedText();

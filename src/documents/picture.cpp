@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/picture.h"
 
-#include <QFileInfo>
+#include "documents/regularfile.h"
+
 #include <QImageReader>
 #include <QPixmap>
 
@@ -13,8 +14,7 @@ void allowLargePictures()
 
 QPixmap readPicture(const QString &path)
 {
-    // Opening a pipe or a device could wait for ever.
-    if (!QFileInfo(path).isFile())
+    if (isOtherThanFile(path))
         return {};
     allowLargePictures();
     QImage image = QImageReader(path).read();

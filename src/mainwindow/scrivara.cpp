@@ -264,10 +264,12 @@ void Scrivara::updateCurrentState()
 void Scrivara::applyDocumentColors(Page *page)
 {
     const QSettings settings;
-    page->setTextColor(QColor(settings.value(QStringLiteral("PageView/DefaultTextColor"), "black").toString()));
+    // What is no colour would show as black, text and background alike.
+    const QColor text(settings.value(QStringLiteral("PageView/DefaultTextColor"), "black").toString());
+    page->setTextColor(text.isValid() ? text : QColor(Qt::black));
     (logTrace << "Updating text color").eol(0);
     const QColor background(settings.value(QStringLiteral("PageView/DefaultBgColor"), "white").toString());
-    page->setBackgroundBrush(QBrush(background));
+    page->setBackgroundBrush(QBrush(background.isValid() ? background : QColor(Qt::white)));
     (logTrace << "Updating background color").eol(0);
 }
 

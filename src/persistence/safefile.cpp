@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "persistence/safefile.h"
 
+#include "documents/regularfile.h"
 #include "persistence/filesync.h"
 
 #include <QFile>
@@ -9,8 +10,7 @@
 
 QFileDevice::FileError writeSafely(const QString &path, const QByteArray &data)
 {
-    const QFileInfo info(path);
-    if (info.exists() && !info.isFile())
+    if (isOtherThanFile(path))
         return QFileDevice::OpenError;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
@@ -28,11 +28,9 @@ QFileDevice::FileError writeSafely(const QString &path, const QByteArray &data)
 QFileDevice::FileError readWhole(const QString &path, QByteArray *data)
 {
     constexpr qint64 sizeLimit = 512LL * 1024 * 1024;
-    const QFileInfo info(path);
-    // Opening a pipe would wait for a writer.
-    if (info.exists() && !info.isFile())
+    if (isOtherThanFile(path))
         return QFileDevice::OpenError;
-    if (info.size() > sizeLimit)
+    if (QFileInfo(path).size() > sizeLimit)
         return QFileDevice::ResourceError;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))

@@ -17,8 +17,6 @@ QCursor EraserTool::makeCursor()
     return Qt::ArrowCursor;
 }
 
-void EraserTool::updateSettings() {}
-
 void EraserTool::mousePressed(QGraphicsSceneMouseEvent * /*event*/, Page *page)
 {
     m_page = page;

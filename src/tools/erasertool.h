@@ -12,7 +12,6 @@ public:
     EraserTool();
 
     QCursor makeCursor() override;
-    void updateSettings() override;
     void mousePressed(QGraphicsSceneMouseEvent *event, Page *page) override;
     void mouseMoved(QGraphicsSceneMouseEvent *event, Page *page) override;
     void mouseReleased(QGraphicsSceneMouseEvent *event, Page *page) override;

@@ -16,10 +16,8 @@ MarkerTool::MarkerTool(const QColor &color, bool followsSettings)
     applyLook(17, 120);
 }
 
-void MarkerTool::updateSettings()
+void MarkerTool::readSettings()
 {
-    if (!followsSettings())
-        return;
     const QSettings settings;
     applyLook(ToolSettings::lineWidth(settings, QStringLiteral("MarkerTool/LineWidth"), 14),
               ToolSettings::alpha(settings, QStringLiteral("MarkerTool/Transparency"), 60));

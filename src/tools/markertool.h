@@ -11,8 +11,8 @@ public:
     MarkerTool(const QColor &color, bool followsSettings);
 
     QCursor makeCursor() override;
-    void updateSettings() override;
 
 protected:
+    void readSettings() override;
     Stroke *createStroke() const override;
 };

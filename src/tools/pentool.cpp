@@ -16,10 +16,8 @@ PenTool::PenTool(const QColor &color, int width, bool followsSettings)
     setPen(look);
 }
 
-void PenTool::updateSettings()
+void PenTool::readSettings()
 {
-    if (!followsSettings())
-        return;
     (logTrace << "Updating PenTool settings").eol(0);
     const QSettings settings;
     applyLook(ToolSettings::lineWidth(settings, QStringLiteral("PenTool/LineWidth"), 0),

@@ -11,8 +11,8 @@ public:
     PenTool(const QColor &color, int width, bool followsSettings);
 
     QCursor makeCursor() override;
-    void updateSettings() override;
 
 protected:
+    void readSettings() override;
     Stroke *createStroke() const override;
 };

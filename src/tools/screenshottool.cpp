@@ -7,10 +7,8 @@
 
 ScreenShotTool::ScreenShotTool(ToolHost *host) : Tool(true), m_host(host) {}
 
-void ScreenShotTool::updateSettings()
+void ScreenShotTool::readSettings()
 {
-    if (!followsSettings())
-        return;
     const QSettings settings;
     m_toClipboard = settings.value(QStringLiteral("ScreenshotTool/SaveViewToClipboard"), true).toBool();
     m_toFile = settings.value(QStringLiteral("ScreenshotTool/SaveViewToFile"), false).toBool();

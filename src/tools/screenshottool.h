@@ -17,11 +17,13 @@ public:
     explicit ScreenShotTool(ToolHost *host);
 
     QCursor makeCursor() override;
-    void updateSettings() override;
     void mousePressed(QGraphicsSceneMouseEvent *event, Page *page) override;
     void mouseMoved(QGraphicsSceneMouseEvent *event, Page *page) override;
     void mouseReleased(QGraphicsSceneMouseEvent *event, Page *page) override;
     void paintOverlay(QPainter *painter) override;
+
+protected:
+    void readSettings() override;
 
 private:
     ToolHost *m_host;

@@ -27,10 +27,8 @@ ShapeTool::ShapeTool(int kind, bool followsSettings)
     setBrushAlpha(120);
 }
 
-void ShapeTool::updateSettings()
+void ShapeTool::readSettings()
 {
-    if (!followsSettings())
-        return;
     const QSettings settings;
     QPen look = pen();
     look.setWidth(ToolSettings::lineWidth(settings, QStringLiteral("ShapeTool/LineWidth"), 1));

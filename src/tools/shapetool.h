@@ -13,9 +13,9 @@ public:
     ShapeTool(int kind, bool followsSettings);
 
     QCursor makeCursor() override;
-    void updateSettings() override;
 
 protected:
+    void readSettings() override;
     Annotation *createAnnotation() const override;
     void stretch(const QPointF &from, const QPointF &to) override;
     void normalize() override;

@@ -6,10 +6,8 @@
 
 #include <QSettings>
 
-void StraightLineTool::updateSettings()
+void StraightLineTool::readSettings()
 {
-    if (!followsSettings())
-        return;
     const QSettings settings;
     QPen look = pen();
     look.setWidth(ToolSettings::lineWidth(settings, QStringLiteral("LineTool/LineWidth"), 0));

@@ -20,8 +20,11 @@ TextBoxTool::TextBoxTool(ToolHost *host, bool followsSettings)
 void TextBoxTool::updateSettings()
 {
     m_fresh = true;
-    if (!followsSettings())
-        return;
+    DrawingTool::updateSettings();
+}
+
+void TextBoxTool::readSettings()
+{
     const QSettings settings;
     m_useOnce = settings.value(QStringLiteral("TextBoxTool/UseOnce"), false).toBool();
     const QString family =

@@ -24,6 +24,9 @@ public:
     void mouseMoved(QGraphicsSceneMouseEvent *event, Page *page) override;
     void mouseReleased(QGraphicsSceneMouseEvent *event, Page *page) override;
 
+protected:
+    void readSettings() override;
+
 private:
     ToolHost *m_host;
     QPointer<Page> m_page;    ///< Page of the press, while a release may place a box on it.

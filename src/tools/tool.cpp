@@ -5,6 +5,14 @@ Tool::Tool(bool followsSettings) : m_followsSettings(followsSettings) {}
 
 Tool::~Tool() = default;
 
+void Tool::updateSettings()
+{
+    if (m_followsSettings)
+        readSettings();
+}
+
+void Tool::readSettings() {}
+
 bool Tool::followsSettings() const
 {
     return m_followsSettings;

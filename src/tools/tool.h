@@ -23,7 +23,7 @@ public:
     /// The mouse cursor for the tool's present look; may be called at any time.
     virtual QCursor makeCursor() = 0;
     /// Re-reads the tool's keys if followsSettings().
-    virtual void updateSettings() = 0;
+    virtual void updateSettings();
     /// @p page may be null: then no repaint is asked for.
     virtual void mousePressed(QGraphicsSceneMouseEvent *event, Page *page) = 0;
     virtual void mouseMoved(QGraphicsSceneMouseEvent *event, Page *page) = 0;
@@ -33,6 +33,10 @@ public:
     virtual void setFollowsSettings(bool follows);
     /// Paints above the scene while this tool is current; @p painter is in scene coordinates.
     virtual void paintOverlay(QPainter *painter);
+
+protected:
+    /// Reads the tool's keys from the store. A tool without keys has nothing to do here.
+    virtual void readSettings();
 
 private:
     bool m_followsSettings;

@@ -23,7 +23,6 @@ class FakeTool final : public Tool
 public:
     FakeTool() : Tool(true) {}
     QCursor makeCursor() override { return Qt::CrossCursor; }
-    void updateSettings() override {}
     void mousePressed(QGraphicsSceneMouseEvent *event, Page *page) override
     {
         events.append(noted("press", event, page));
@@ -49,7 +48,6 @@ class FakeDrawingTool final : public DrawingTool
 public:
     FakeDrawingTool() : DrawingTool(true) {}
     QCursor makeCursor() override { return Qt::CrossCursor; }
-    void updateSettings() override {}
     void mousePressed(QGraphicsSceneMouseEvent *event, Page *page) override
     {
         events.append(noted("press", event, page));

@@ -291,6 +291,11 @@ void TestDocumentItem::anEmptyTextHasNoNumber()
     page.setTextContents(QStringLiteral("empty.txt"), QString(), QString());
     QCOMPARE(page.documentItem()->lineCount(), 1);
     QCOMPARE(numbersOf(page), QString());
+    // One empty block stands in the gutter: it is one digit wide, as it would be with the number 1.
+    const double digit = QFontMetrics(page.documentFont()).horizontalAdvance(QLatin1Char('1'));
+    QCOMPARE(page.documentItem()->textItem()->pos(), QPointF(5.0 + digit + 10.0, 5.0));
+    QCOMPARE(page.documentItem()->lineNumbersItem()->pos(), QPointF(5.0, 5.0));
+    QCOMPARE(page.sceneRect().size(), expectedSceneSize(page));
     // The second line is the first to get a number behind it, and it goes again with its line.
     QTextCursor cursor(page.textDocument());
     cursor.insertText(QStringLiteral("a\nb"));
@@ -381,8 +386,22 @@ void TestDocumentItem::pasteSetsTheBoundsBehindAdjusting()
 {
     Page page(nullptr);
     fill(&page, QStringLiteral("a"));
+    PageView view(&page, nullptr);
+    view.resize(3000, 2000);
+    const DocumentItem *item = page.documentItem();
+    int lines = 0;
+    QRectF adjusted;
+    // Called behind the item's own slot, while the text is being inserted.
+    connect(page.textDocument(), &QTextDocument::contentsChange, this, [&] {
+        lines = item->lineCount();
+        adjusted = item->bounds();
+    });
     page.documentItem()->pasteText(QStringLiteral("b\n").repeated(30));
+    QCOMPARE(lines, 31);
+    QCOMPARE(adjusted.size(), QSizeF(3000 - 2 * 50, 2000 - 2 * 5));
     QCOMPARE(page.sceneRect().size(), expectedSceneSize(page));
+    // What the paste itself sets comes last.
+    QCOMPARE(item->bounds(), page.sceneRect());
 }
 
 void TestDocumentItem::tabsAreInserted()

@@ -7,6 +7,7 @@
 #include "documents/testmark.h"
 #include "support/dialogs.h"
 #include "support/fakehost.h"
+#include "support/files.h"
 #include "support/testmain.h"
 
 #include <QDir>
@@ -20,23 +21,6 @@
 #include <QTextDocument>
 
 #include <memory>
-
-namespace {
-
-QByteArray contentsOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<cannot be read>");
-}
-
-void write(const QString &path, const QByteArray &contents)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(contents), contents.size());
-}
-
-} // namespace
 
 class TestPage : public QObject
 {
@@ -61,7 +45,9 @@ private slots:
     void focusDocumentPutsTheCaretAtTheStart();
     void insertTabAtTheCaret();
     void contentsSizeIsTheTextItems();
+    void adjustDocumentRectFillsTheView_data();
     void adjustDocumentRectFillsTheView();
+    void adjustDocumentRectAsksTheFirstView();
     void refreshUiAsksTheWindow();
 
     void saveWithoutQuestionKeepsFormatByName();
@@ -157,7 +143,7 @@ void TestPage::modifiedIsEitherFlag()
 
 void TestPage::loadedTextIsNotModified()
 {
-    write(path("a.cpp"), "int a;\nint b;\n");
+    store(path("a.cpp"), "int a;\nint b;\n");
     m_page->setModified(true);
     QVERIFY(m_page->loadFile(path("a.cpp")));
     QVERIFY(!m_page->isModified());
@@ -298,16 +284,52 @@ void TestPage::contentsSizeIsTheTextItems()
     QCOMPARE(m_page->documentItem()->textItem()->defaultTextColor(), QColor(Qt::magenta));
 }
 
+void TestPage::adjustDocumentRectFillsTheView_data()
+{
+    QTest::addColumn<QSize>("missing");
+    QTest::addColumn<bool>("widened");
+    QTest::addColumn<bool>("heightened");
+    // What the view without its margins has more than the document.
+    QTest::newRow("smaller than the document") << QSize(-30, -30) << false << false;
+    QTest::newRow("as large") << QSize(0, 0) << false << false;
+    QTest::newRow("just within the tolerance") << QSize(10, 10) << false << false;
+    QTest::newRow("just wider") << QSize(11, 10) << true << false;
+    QTest::newRow("just higher") << QSize(10, 11) << false << true;
+    QTest::newRow("much larger") << QSize(900, 800) << true << true;
+}
+
 void TestPage::adjustDocumentRectFillsTheView()
 {
-    m_page->newDocument();
+    QFETCH(const QSize, missing);
+    QFETCH(const bool, widened);
+    QFETCH(const bool, heightened);
+    // A document of exactly 400 x 300.
+    m_page->documentItem()->setImageContents(QPixmap(400, 300));
+    m_page->documentItem()->textItem()->document()->clear();
+    QCOMPARE(m_page->documentItem()->boundingRect(), QRectF(0, 0, 400, 300));
+    m_page->documentItem()->setBounds(QRectF(1, 2, 3, 4));
     m_page->adjustDocumentRect();
+    // Without a view nothing is known.
+    QCOMPARE(m_page->documentItem()->bounds(), QRectF(1, 2, 3, 4));
+
     PageView view(m_page.get(), nullptr);
-    view.resize(3000, 2000);
+    view.resize(400 + 2 * 50 + missing.width(), 300 + 2 * 5 + missing.height());
     const QRectF scene = m_page->sceneRect();
     m_page->adjustDocumentRect();
-    // The bounds have no reader; what matters is that the scene stays.
+    QCOMPARE(m_page->documentItem()->bounds(),
+             QRectF(0, 0, widened ? 400 + missing.width() : 400, heightened ? 300 + missing.height() : 300));
     QCOMPARE(m_page->sceneRect(), scene);
+}
+
+void TestPage::adjustDocumentRectAsksTheFirstView()
+{
+    m_page->documentItem()->setImageContents(QPixmap(10, 10));
+    PageView first(m_page.get(), nullptr);
+    first.resize(1000, 700);
+    PageView second(m_page.get(), nullptr);
+    second.resize(2000, 1700);
+    m_page->adjustDocumentRect();
+    QCOMPARE(m_page->documentItem()->bounds().size(), QSizeF(900, 690));
 }
 
 void TestPage::refreshUiAsksTheWindow()
@@ -323,9 +345,9 @@ void TestPage::saveWithoutQuestionKeepsFormatByName()
 {
     m_page->newDocument();
     QVERIFY(m_page->saveDocument(path("new.txt"), false));
-    QCOMPARE(contentsOf(path("new.txt")), QByteArray(60, ' '));
+    QCOMPARE(bytesIn(path("new.txt")), QByteArray(60, ' '));
     QVERIFY(m_page->saveDocument(path("new"), false));
-    QCOMPARE(contentsOf(path("new")), QByteArray(60, ' '));
+    QCOMPARE(bytesIn(path("new")), QByteArray(60, ' '));
     QVERIFY(m_page->saveDocument(path("new.PNG"), false));
     QCOMPARE(QImage(path("new.PNG")).size(),
              QSize(int(m_page->sceneRect().width()), int(m_page->sceneRect().height())));
@@ -333,7 +355,7 @@ void TestPage::saveWithoutQuestionKeepsFormatByName()
 
 void TestPage::saveSetsNameAndTitle()
 {
-    write(path("a.txt"), "x\n");
+    store(path("a.txt"), "x\n");
     QVERIFY(m_page->loadFile(path("a.txt")));
     m_page->setModified(true);
     QVERIFY(m_page->saveDocument(path("b.txt"), false));
@@ -351,7 +373,7 @@ void TestPage::keepStateLeavesEverything()
     m_page->newDocument();
     m_page->setModified(true);
     QVERIFY(m_page->saveDocument(path("copy.txt"), true));
-    QCOMPARE(contentsOf(path("copy.txt")).size(), 60);
+    QCOMPARE(bytesIn(path("copy.txt")).size(), 60);
     QVERIFY(m_page->isModified());
     QCOMPARE(m_page->fileName(), QStringLiteral("noname"));
     QCOMPARE(m_host->window.windowTitle(), QString());
@@ -364,7 +386,7 @@ void TestPage::saveUnderANameNeverAsks()
     const DialogAnswers answers;
     QVERIFY(m_page->saveDocument(path("marked.txt"), false));
     QCOMPARE(answers.seen().size(), 0);
-    QCOMPARE(contentsOf(path("marked.txt")).size(), 60);
+    QCOMPARE(bytesIn(path("marked.txt")).size(), 60);
 }
 
 void TestPage::annotatedTextIsAskedAbout_data()
@@ -377,7 +399,7 @@ void TestPage::annotatedTextIsAskedAbout_data()
 void TestPage::annotatedTextIsAskedAbout()
 {
     QFETCH(const QMessageBox::StandardButton, answer);
-    write(path("a.txt"), "old\n");
+    store(path("a.txt"), "old\n");
     QVERIFY(m_page->loadFile(path("a.txt")));
     m_page->addAnnotation(new TestMark);
     QTextCursor(m_page->textDocument()).insertText(QStringLiteral("new "));
@@ -397,7 +419,7 @@ void TestPage::annotatedTextIsAskedAbout()
     QCOMPARE(box.parent, &m_host->window);
     QCOMPARE(m_page->isModified(), !saved);
     QCOMPARE(m_page->fileName(), path("a.txt"));
-    QCOMPARE(contentsOf(path("a.txt")), saved ? QByteArray("new old") : QByteArray("old\n"));
+    QCOMPARE(bytesIn(path("a.txt")), saved ? QByteArray("new old") : QByteArray("old\n"));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{"a.txt"});
 }
 
@@ -471,8 +493,8 @@ void TestPage::undoneMarkIsNotAskedAbout()
 
 void TestPage::yesAsksBeforeReplacingAnotherFile()
 {
-    write(path("a.b.txt"), "text\n");
-    write(path("a.oxn"), "somebody else's\n");
+    store(path("a.b.txt"), "text\n");
+    store(path("a.oxn"), "somebody else's\n");
     QVERIFY(m_page->loadFile(path("a.b.txt")));
     m_page->addAnnotation(new TestMark);
     DialogAnswers answers;
@@ -483,14 +505,14 @@ void TestPage::yesAsksBeforeReplacingAnotherFile()
     QCOMPARE(answers.texts().last(),
              QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(path("a.oxn")));
     QCOMPARE(answers.seen().last().parent, &m_host->window);
-    QCOMPARE(contentsOf(path("a.oxn")), QByteArray("somebody else's\n"));
+    QCOMPARE(bytesIn(path("a.oxn")), QByteArray("somebody else's\n"));
     QCOMPARE(m_page->fileName(), path("a.b.txt"));
     QVERIFY(m_page->isModified());
 }
 
 void TestPage::mayReplaceItsOwnFile()
 {
-    write(path("a.txt"), "text\n");
+    store(path("a.txt"), "text\n");
     QVERIFY(m_page->loadFile(path("a.txt")));
     const DialogAnswers answers;
     QVERIFY(m_page->mayReplace(path("a.txt")));
@@ -501,7 +523,7 @@ void TestPage::mayReplaceItsOwnFile()
 
 void TestPage::failedSaveIsToldTwice()
 {
-    write(path("a.txt"), "text\n");
+    store(path("a.txt"), "text\n");
     QVERIFY(m_page->loadFile(path("a.txt")));
     m_page->setModified(true);
     const QString target = path("no/such/folder/a.txt");

@@ -186,7 +186,6 @@ class HandingOverTool final : public Tool
 public:
     HandingOverTool(FakeHost *host, Tool *next) : Tool(true), m_host(host), m_next(next) {}
     QCursor makeCursor() override { return {}; }
-    void updateSettings() override {}
     void mousePressed(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) override { m_host->tool = m_next; }
     void mouseMoved(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) override {}
     void mouseReleased(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) override { m_host->tool = m_next; }

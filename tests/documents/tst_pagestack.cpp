@@ -6,6 +6,7 @@
 #include "documents/testmark.h"
 #include "support/dialogs.h"
 #include "support/fakehost.h"
+#include "support/files.h"
 #include "support/testmain.h"
 
 #include <QAction>
@@ -25,12 +26,6 @@
 namespace {
 
 const QString emptySheet = QStringLiteral("background-color: rgb(231, 231, 231);");
-
-QByteArray fileContents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<cannot be read>");
-}
 
 } // namespace
 
@@ -100,10 +95,7 @@ void TestPageStack::cleanup()
 
 Page *TestPageStack::addTab(const QString &name, const QByteArray &contents)
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
-        return nullptr;
-    file.close();
+    store(path(name), contents);
     auto *page = new Page(m_host.get());
     page->loadFile(path(name));
     m_stack->addTab(new PageView(page, nullptr), name);
@@ -200,7 +192,7 @@ void TestPageStack::modifiedTabIsAskedAbout()
     QCOMPARE(box.icon, QMessageBox::Warning);
     QCOMPARE(box.parent, &m_host->window);
     QCOMPARE(m_stack->count(), closes ? 0 : 1);
-    QCOMPARE(fileContents(path("a.txt")), onDisk);
+    QCOMPARE(bytesIn(path("a.txt")), onDisk);
 }
 
 void TestPageStack::askingAboutANamelessDocument()
@@ -219,7 +211,7 @@ void TestPageStack::askingAboutANamelessDocument()
     answers.chooseFile(path("now.txt"));
     QVERIFY(m_stack->closeCurrentTab());
     QCOMPARE(m_stack->count(), 0);
-    QCOMPARE(fileContents(path("now.txt")), QByteArray(60, ' '));
+    QCOMPARE(bytesIn(path("now.txt")), QByteArray(60, ' '));
 }
 
 void TestPageStack::closingAllStopsAtCancel()
@@ -292,8 +284,8 @@ void TestPageStack::saveInAnotherTabsQuestionSavesTheFrontOne()
     answers.click(QMessageBox::Save);
     QVERIFY(m_stack->maybeCloseTab(0));
     QVERIFY(answers.texts().first().contains(path("behind.txt")));
-    QCOMPARE(fileContents(path("behind.txt")), QByteArray("behind\n"));
-    QCOMPARE(fileContents(path("front.txt")), QByteArray("new front"));
+    QCOMPARE(bytesIn(path("behind.txt")), QByteArray("behind\n"));
+    QCOMPARE(bytesIn(path("front.txt")), QByteArray("new front"));
     QVERIFY(behind->isModified());
     QVERIFY(!front->isModified());
 }
@@ -450,7 +442,7 @@ void TestPageStack::saveCurrentUsesTheName()
     const DialogAnswers answers;
     QVERIFY(m_stack->saveCurrent());
     QCOMPARE(answers.seen().size(), 0);
-    QCOMPARE(fileContents(path("a.txt")), QByteArray("new old"));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("new old"));
     QVERIFY(!page->isModified());
     QCOMPARE(m_host->currentFiles, QStringList{path("a.txt")});
     QVERIFY(m_host->menuUpdates > 0);
@@ -463,7 +455,7 @@ void TestPageStack::saveCurrentOfAnotherTab()
     m_stack->setCurrentIndex(1);
     QTextCursor(first->textDocument()).insertText(QStringLiteral("new "));
     QVERIFY(m_stack->saveCurrent(0));
-    QCOMPARE(fileContents(path("a.txt")), QByteArray("new a"));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("new a"));
     QCOMPARE(m_host->currentFiles, QStringList{path("a.txt")});
 }
 
@@ -483,7 +475,7 @@ void TestPageStack::saveAsDialog()
         patterns.append("*." + QString::fromLatin1(format));
     QCOMPARE(dialog.nameFilters.mid(0, 3),
              (QStringList{"Kestrin7 Files (*.oxn)", "Image Files (" + patterns.join(' ') + ")", "All Files (*.*)"}));
-    QCOMPARE(fileContents(path("b.cpp")), QByteArray("text"));
+    QCOMPARE(bytesIn(path("b.cpp")), QByteArray("text"));
     QCOMPARE(m_stack->currentPage()->fileName(), path("b.cpp"));
     QCOMPARE(m_host->currentFiles, QStringList{path("b.cpp")});
 }
@@ -519,10 +511,7 @@ void TestPageStack::saveAsAddsTheSuffix()
 
 void TestPageStack::saveAsAsksBeforeReplacingUnasked()
 {
-    QFile other(path("plain.oxn"));
-    QVERIFY(other.open(QIODevice::WriteOnly));
-    QVERIFY(other.write("precious") > 0);
-    other.close();
+    store(path("plain.oxn"), "precious");
     addTab("a.txt", "text\n");
     DialogAnswers answers;
     answers.chooseFile(path("plain"));
@@ -531,7 +520,7 @@ void TestPageStack::saveAsAsksBeforeReplacingUnasked()
     QCOMPARE(answers.seen().size(), 2);
     QCOMPARE(answers.texts().last(),
              QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(path("plain.oxn")));
-    QCOMPARE(fileContents(path("plain.oxn")), QByteArray("precious"));
+    QCOMPARE(bytesIn(path("plain.oxn")), QByteArray("precious"));
     QVERIFY(m_host->currentFiles.isEmpty());
 }
 
@@ -548,7 +537,7 @@ void TestPageStack::saveAsPictureAndText()
     QVERIFY(m_stack->saveAs());
     QCOMPARE(answers.left(), 0);
     QCOMPARE(answers.seen().size(), 3);
-    QCOMPARE(fileContents(path("a.txt")), QByteArray("text"));
+    QCOMPARE(bytesIn(path("a.txt")), QByteArray("text"));
 }
 
 void TestPageStack::saveWithoutATabIsQuiet()
@@ -571,7 +560,7 @@ void TestPageStack::worksWithoutAWindow()
     DialogAnswers answers;
     answers.chooseFile(path("n.txt"));
     QVERIFY(stack.saveCurrent());
-    QCOMPARE(fileContents(path("n.txt")).size(), 60);
+    QCOMPARE(bytesIn(path("n.txt")).size(), 60);
     QVERIFY(stack.closeAllTabs());
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/eventlog.h"
+#include "documents/documentitem.h"
 #include "documents/page.h"
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
@@ -58,6 +59,8 @@ private slots:
     void tabsPosition_data();
     void tabsPosition();
     void documentColors();
+    void documentColorsThatAreNone_data();
+    void documentColorsThatAreNone();
     void lineNumbers();
     void highlightButton();
     void highlightButtonWithoutDocument();
@@ -313,6 +316,29 @@ void TestWindowSettings::documentColors()
             textColors.append(text->defaultTextColor());
     }
     QVERIFY(textColors.contains(QColor(Qt::red)));
+}
+
+void TestWindowSettings::documentColorsThatAreNone_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::newRow("empty") << "";
+    QTest::newRow("no colour") << "not a colour";
+    QTest::newRow("too short") << "#12";
+    QTest::newRow("no digits") << "#zzzzzz";
+}
+
+void TestWindowSettings::documentColorsThatAreNone()
+{
+    QFETCH(const QString, value);
+    store("PageView/DefaultTextColor", value);
+    store("PageView/DefaultBgColor", value);
+    const TestFiles files;
+    const WindowProbe window({files.write(QStringLiteral("a.txt"))});
+    // Black on white, as without any settings; the stored values stay for the user to mend.
+    QCOMPARE(window.page()->backgroundBrush(), QBrush(Qt::white));
+    QVERIFY(window.page()->documentItem()->textItem()->defaultTextColor() == QColor(Qt::black));
+    QCOMPARE(stored("PageView/DefaultTextColor").toString(), value);
+    QCOMPARE(stored("PageView/DefaultBgColor").toString(), value);
 }
 
 void TestWindowSettings::lineNumbers()

@@ -5,41 +5,26 @@
 #include "documents/page.h"
 #include "support/dialogs.h"
 #include "support/fakehost.h"
+#include "support/files.h"
+#include "support/plainuser.h"
 #include "support/testmain.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QGraphicsPixmapItem>
-#include <QGraphicsRectItem>
 #include <QGraphicsTextItem>
 #include <QImageReader>
 #include <QImageWriter>
-#include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextCursor>
 #include <QTextDocument>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <memory>
 
 namespace {
-
-QByteArray bytesIn(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<cannot be read>");
-}
-
-void store(const QString &path, const QByteArray &contents)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(contents), contents.size());
-}
 
 QString numbers(int last)
 {
@@ -48,27 +33,6 @@ QString numbers(int last)
         text += QString::number(i) + QLatin1Char('\n');
     return text;
 }
-
-/// Somebody who may not do everything: root steps down to a user without rights while this lives.
-class PlainUser
-{
-public:
-    PlainUser()
-    {
-        if (m_wasRoot && setresuid(65534, 65534, 0) != 0)
-            qFatal("cannot give up the rights of root");
-    }
-    PlainUser(const PlainUser &) = delete;
-    PlainUser &operator=(const PlainUser &) = delete;
-    ~PlainUser()
-    {
-        if (m_wasRoot && setresuid(0, 0, 0) != 0)
-            qFatal("cannot become root again");
-    }
-
-private:
-    const bool m_wasRoot = geteuid() == 0;
-};
 
 void permit(const QString &path, mode_t mode)
 {
@@ -113,20 +77,6 @@ private slots:
     void namesOfAllKinds();
     void oneVeryLongLine();
     void binaryFile();
-
-    void pictureIsReadIntoThePage();
-    void unreadablePicture_data();
-    void unreadablePicture();
-    void hugePhotoOpens();
-    void pictureForDenseScreensOpensAtFullSize();
-    void pictureIsTheScene();
-    void pictureOfATallText();
-    void pictureFormats_data();
-    void pictureFormats();
-    void pictureThatCannotBeSaved();
-    void emptySceneCannotBeSaved();
-    void fullDiskWhileSavingAPicture();
-    void imageSavedAsTextIsEmpty();
     void annotatedFilesFailCleanly();
 
 private:
@@ -550,182 +500,6 @@ void TestIoSystem::binaryFile()
     loadText("program.bin", contents);
     QVERIFY(IoSystem::instance()->save(m_page.get(), path("copy.bin")));
     QVERIFY(bytesIn(path("copy.bin")) == contents);
-}
-
-void TestIoSystem::pictureIsReadIntoThePage()
-{
-    QPixmap picture(40, 30);
-    picture.fill(Qt::darkCyan);
-    picture.save(path("p.PNG"));
-    QVERIFY(IoSystem::instance()->load(m_page.get(), path("p.PNG")));
-    QCOMPARE(m_page->documentKind(), Page::ImageDocument);
-    QCOMPARE(m_page->imageLink(), path("p.PNG"));
-    QCOMPARE(m_page->fileType(), QStringLiteral("PNG"));
-    QCOMPARE(m_page->sceneRect(), QRectF(0, 0, 40, 30));
-    QCOMPARE(m_page->documentItem()->pixmapItem()->pixmap().toImage().pixelColor(5, 5), QColor(Qt::darkCyan));
-}
-
-void TestIoSystem::unreadablePicture_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("missing") << "missing.png";
-    QTest::newRow("empty") << "empty.png";
-    QTest::newRow("no picture") << "text.png";
-    QTest::newRow("cut off in the header") << "header.png";
-    QTest::newRow("cut off in the middle") << "middle.png";
-    QTest::newRow("folder") << "folder.png";
-    QTest::newRow("pipe") << "pipe.png";
-    QTest::newRow("oversized") << "oversized.bmp";
-}
-
-void TestIoSystem::unreadablePicture()
-{
-    QFETCH(const QString, name);
-    store(path("empty.png"), QByteArray());
-    store(path("text.png"), "this is no picture");
-    QPixmap(300, 300).save(path("whole.png"));
-    store(path("header.png"), bytesIn(path("whole.png")).left(30));
-    QImage noise(300, 300, QImage::Format_RGB32);
-    for (int i = 0; i < 300 * 300; ++i)
-        noise.setPixel(i % 300, i / 300, QRgb(i * 7919));
-    QVERIFY(noise.save(path("noise.png")));
-    store(path("middle.png"), bytesIn(path("noise.png")).left(int(QFileInfo(path("noise.png")).size() / 2)));
-    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.png")));
-    QCOMPARE(mkfifo(QFile::encodeName(path("pipe.png")).constData(), 0600), 0);
-    QPixmap(10, 10).save(path("small.bmp"));
-    QByteArray oversized = bytesIn(path("small.bmp"));
-    const qint32 side = 30'000;
-    oversized.replace(18, 4, QByteArray(reinterpret_cast<const char *>(&side), 4));
-    oversized.replace(22, 4, QByteArray(reinterpret_cast<const char *>(&side), 4));
-    store(path("oversized.bmp"), oversized);
-
-    DialogAnswers answers;
-    answers.click(QMessageBox::Ok);
-    QVERIFY(!IoSystem::instance()->load(m_page.get(), path(name)));
-    QCOMPARE(answers.seen().size(), 1);
-    QCOMPARE(answers.seen().first().title, QStringLiteral("I/O Error"));
-    QCOMPARE(answers.seen().first().text,
-             QStringLiteral("File %1 not found or its format is currently unsupported!").arg(path(name)));
-    QCOMPARE(m_page->documentKind(), Page::NoDocument);
-    QCOMPARE(m_page->fileType(), QFileInfo(name).suffix());
-    QCOMPARE(m_host->bar->value(), 100);
-}
-
-void TestIoSystem::hugePhotoOpens()
-{
-    // 100 million pixels, 400 MB of memory: above what Qt reads by itself.
-    QImage photo(10'000, 10'000, QImage::Format_Grayscale8);
-    photo.fill(128);
-    QVERIFY(photo.save(path("photo.png")));
-    photo = QImage();
-    QVERIFY(IoSystem::instance()->load(m_page.get(), path("photo.png")));
-    QCOMPARE(m_page->sceneRect(), QRectF(0, 0, 10'000, 10'000));
-}
-
-void TestIoSystem::pictureForDenseScreensOpensAtFullSize()
-{
-    QPixmap(60, 40).save(path("icon@2x.png"));
-    QVERIFY(IoSystem::instance()->load(m_page.get(), path("icon@2x.png")));
-    QCOMPARE(m_page->sceneRect(), QRectF(0, 0, 60, 40));
-    QCOMPARE(m_page->documentItem()->pixmapItem()->boundingRect().size(), QSizeF(60, 40));
-}
-
-void TestIoSystem::pictureIsTheScene()
-{
-    QImage original(50, 40, QImage::Format_RGB32);
-    original.fill(Qt::yellow);
-    original.setPixelColor(49, 39, Qt::black);
-    QVERIFY(original.save(path("p.png")));
-    QVERIFY(IoSystem::instance()->load(m_page.get(), path("p.png")));
-    auto *visible = m_page->addRect(10, 10, 10, 10, Qt::NoPen, Qt::blue);
-    m_page->addRect(30, 10, 10, 10, Qt::NoPen, Qt::red)->setVisible(false);
-    QVERIFY(IoSystem::instance()->save(m_page.get(), path("q.png")));
-    const QImage saved(path("q.png"));
-    QCOMPARE(saved.size(), QSize(50, 40));
-    QCOMPARE(saved.pixelColor(15, 15), QColor(Qt::blue));
-    QCOMPARE(saved.pixelColor(35, 15), QColor(Qt::yellow));
-    QCOMPARE(saved.pixelColor(49, 39), QColor(Qt::black));
-    QVERIFY(!saved.hasAlphaChannel());
-    delete visible;
-    QVERIFY(IoSystem::instance()->save(m_page.get(), path("r.png")));
-    QCOMPARE(QImage(path("r.png")).convertToFormat(QImage::Format_RGB32), original);
-}
-
-void TestIoSystem::pictureOfATallText()
-{
-    // Further down than a painter reaches in one go.
-    store(path("a.txt"), QByteArray("line\n").repeated(2999) + "last");
-    QVERIFY(IoSystem::instance()->load(m_page.get(), path("a.txt")));
-    m_page->setBackgroundBrush(Qt::white);
-    QVERIFY(m_page->sceneRect().height() > 40'000);
-    const double bottom = m_page->sceneRect().height();
-    m_page->addRect(5, bottom - 50, 20, 20, Qt::NoPen, Qt::blue);
-    m_page->addRect(5, 16'384 - 10, 20, 20, Qt::NoPen, Qt::green);
-    QVERIFY(IoSystem::instance()->save(m_page.get(), path("a.png")));
-    QImageReader::setAllocationLimit(1024);
-    const QImage saved(path("a.png"));
-    QCOMPARE(saved.size(), QSize(int(m_page->sceneRect().width()), int(bottom)));
-    QCOMPARE(saved.pixelColor(15, int(bottom) - 40), QColor(Qt::blue));
-    for (const int y : {16'384 - 5, 16'384, 16'384 + 5})
-        QCOMPARE(saved.pixelColor(15, y), QColor(Qt::green));
-}
-
-void TestIoSystem::pictureFormats_data()
-{
-    QTest::addColumn<QByteArray>("format");
-    for (const QByteArray &format : QImageWriter::supportedImageFormats())
-        QTest::newRow(format.constData()) << format;
-}
-
-void TestIoSystem::pictureFormats()
-{
-    QFETCH(const QByteArray, format);
-    m_page->setTextContents(QStringLiteral("a"), QStringLiteral("some text"), QStringLiteral("1\n"));
-    const QString name = path(QStringLiteral("a.") + QString::fromLatin1(format).toUpper());
-    const bool saved = IoSystem::instance()->save(m_page.get(), name);
-    // No file instead of a wrong one.
-    QCOMPARE(QFile::exists(name), saved);
-    if (saved && QImageReader::supportedImageFormats().contains(format))
-        QVERIFY(!QImageReader(name).read().isNull());
-    if (format == "png" || format == "jpg" || format == "bmp")
-        QVERIFY(saved);
-}
-
-void TestIoSystem::pictureThatCannotBeSaved()
-{
-    m_page->newDocument();
-    const DialogAnswers answers;
-    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), path("no/such/folder.png")));
-    QVERIFY(!IoSystem::instance()->saveImage(nullptr, path("a.png")));
-    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), QString()));
-    QCOMPARE(answers.seen().size(), 0);
-
-    m_page->setSceneRect(0, 0, 100'000, 100'000);
-    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), path("a.png")));
-    QVERIFY(!QFile::exists(path("a.png")));
-}
-
-void TestIoSystem::emptySceneCannotBeSaved()
-{
-    store(path("a.png"), "old");
-    m_page->setSceneRect(0, 0, 0.9, 10);
-    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), path("a.png")));
-    QCOMPARE(bytesIn(path("a.png")), QByteArray("old"));
-}
-
-void TestIoSystem::fullDiskWhileSavingAPicture()
-{
-    m_page->newDocument();
-    // Stands for a disk that takes nothing: a place where no file can be made.
-    QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), QStringLiteral("/proc/a.png")));
-}
-
-void TestIoSystem::imageSavedAsTextIsEmpty()
-{
-    QPixmap(5, 5).save(path("p.png"));
-    QVERIFY(IoSystem::instance()->load(m_page.get(), path("p.png")));
-    QVERIFY(IoSystem::instance()->save(m_page.get(), path("p.txt")));
-    QCOMPARE(bytesIn(path("p.txt")), QByteArray());
 }
 
 void TestIoSystem::annotatedFilesFailCleanly()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "persistence/safefile.h"
 
+#include "support/files.h"
+#include "support/fulldisk.h"
 #include "support/testmain.h"
 
 #include <QDir>
@@ -10,54 +12,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <memory>
-
-namespace {
-
-QByteArray readBack(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<cannot be read>");
-}
-
-void put(const QString &path, const QByteArray &contents)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(contents), contents.size());
-}
-
-/// A disk on which no file can grow beyond a few bytes.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        rlimit limit = m_old;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk &) = delete;
-    FullDisk &operator=(const FullDisk &) = delete;
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-
-private:
-    rlimit m_old = {};
-    void (*m_oldHandler)(int) = nullptr;
-};
-
-} // namespace
 
 class TestSafeFile : public QObject
 {
@@ -95,7 +53,7 @@ private:
 void TestSafeFile::writesNewFiles()
 {
     QCOMPARE(writeSafely(path("a"), "text"), QFileDevice::NoError);
-    QCOMPARE(readBack(path("a")), QByteArray("text"));
+    QCOMPARE(bytesIn(path("a")), QByteArray("text"));
     QCOMPARE(names(), QStringList{"a"});
 }
 
@@ -117,15 +75,15 @@ void TestSafeFile::replacesFiles()
 {
     QFETCH(const QString, name);
     QFETCH(const QByteArray, data);
-    put(path(name), "the old contents");
+    store(path(name), "the old contents");
     QCOMPARE(writeSafely(path(name), data), QFileDevice::NoError);
-    QCOMPARE(readBack(path(name)), data);
+    QCOMPARE(bytesIn(path(name)), data);
     QCOMPARE(names(), QStringList{name});
 }
 
 void TestSafeFile::keepsPermissions()
 {
-    put(path("a"), "old");
+    store(path("a"), "old");
     for (const mode_t mode : {0640u, 0755u, 0600u}) {
         QCOMPARE(chmod(QFile::encodeName(path("a")).constData(), mode), 0);
         QCOMPARE(writeSafely(path("a"), "new"), QFileDevice::NoError);
@@ -137,7 +95,7 @@ void TestSafeFile::keepsPermissions()
 
 void TestSafeFile::keepsTheOwner()
 {
-    put(path("a"), "old");
+    store(path("a"), "old");
     // Only root can give a file away; others keep their own, which is the same check.
     const uid_t owner = geteuid() == 0 ? 12345 : geteuid();
     const gid_t group = geteuid() == 0 ? 12346 : getegid();
@@ -154,14 +112,14 @@ void TestSafeFile::keepsTheOwner()
 void TestSafeFile::followsLinks()
 {
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("real")));
-    put(path("real/file"), "old");
+    store(path("real/file"), "old");
     QVERIFY(QFile::link(QStringLiteral("real/file"), path("second")));
     QVERIFY(QFile::link(path("second"), path("first")));
     QCOMPARE(writeSafely(path("first"), "new"), QFileDevice::NoError);
     QVERIFY(QFileInfo(path("first")).isSymLink());
     QVERIFY(QFileInfo(path("second")).isSymLink());
     QVERIFY(!QFileInfo(path("real/file")).isSymLink());
-    QCOMPARE(readBack(path("real/file")), QByteArray("new"));
+    QCOMPARE(bytesIn(path("real/file")), QByteArray("new"));
 }
 
 void TestSafeFile::followsLinksThatPointNowhere()
@@ -169,7 +127,7 @@ void TestSafeFile::followsLinksThatPointNowhere()
     QVERIFY(QFile::link(path("target"), path("link")));
     QCOMPARE(writeSafely(path("link"), "new"), QFileDevice::NoError);
     QVERIFY(QFileInfo(path("link")).isSymLink());
-    QCOMPARE(readBack(path("target")), QByteArray("new"));
+    QCOMPARE(bytesIn(path("target")), QByteArray("new"));
 }
 
 void TestSafeFile::refusesWhatIsNoFile_data()
@@ -188,7 +146,7 @@ void TestSafeFile::refusesWhatIsNoFile()
 {
     QFETCH(QString, name);
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
-    put(path("file"), "old");
+    store(path("file"), "old");
     QCOMPARE(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     QVERIFY(QFile::link(path("pipe"), path("link")));
     const QStringList before = names();
@@ -196,7 +154,7 @@ void TestSafeFile::refusesWhatIsNoFile()
         name = path(name);
     QVERIFY(writeSafely(name, "new") != QFileDevice::NoError);
     QCOMPARE(names(), before);
-    QCOMPARE(readBack(path("file")), QByteArray("old"));
+    QCOMPARE(bytesIn(path("file")), QByteArray("old"));
     QVERIFY(QFileInfo(path("folder")).isDir());
 }
 
@@ -220,12 +178,12 @@ void TestSafeFile::fullDiskLeavesTheOldFile()
 {
     QFETCH(const int, bytes);
     QFETCH(const int, size);
-    put(path("a"), "the old contents");
+    store(path("a"), "the old contents");
     {
         const FullDisk disk{rlim_t(bytes)};
         QVERIFY(writeSafely(path("a"), QByteArray(size, 'x')) != QFileDevice::NoError);
     }
-    QCOMPARE(readBack(path("a")), QByteArray("the old contents"));
+    QCOMPARE(bytesIn(path("a")), QByteArray("the old contents"));
     QCOMPARE(names(), QStringList{"a"});
 }
 
@@ -242,7 +200,7 @@ void TestSafeFile::readsFilesWhole()
 {
     QByteArray data;
     for (const QByteArray &contents : {QByteArray(), QByteArray("a\r\n\0b", 5), QByteArray(5'000'000, 'z')}) {
-        put(path("a"), contents);
+        store(path("a"), contents);
         QCOMPARE(readWhole(path("a"), &data), QFileDevice::NoError);
         QCOMPARE(data, contents);
     }
@@ -260,7 +218,7 @@ void TestSafeFile::readingWhatIsNotThere()
     QCOMPARE(readWhole(QStringLiteral("/dev/zero"), &data), QFileDevice::OpenError);
     QVERIFY(QFile::link(path("loop"), path("loop")));
     QCOMPARE(readWhole(path("loop"), &data), QFileDevice::OpenError);
-    put(path("huge"), "x");
+    store(path("huge"), "x");
     QCOMPARE(truncate(QFile::encodeName(path("huge")).constData(), 3LL << 30), 0);
     QCOMPARE(readWhole(path("huge"), &data), QFileDevice::ResourceError);
 }

@@ -42,7 +42,6 @@ public:
     using DrawingTool::setPen;
 
     QCursor makeCursor() override { return {}; }
-    void updateSettings() override {}
     void mousePressed(QGraphicsSceneMouseEvent *, Page *) override {}
     void mouseMoved(QGraphicsSceneMouseEvent *, Page *) override {}
     void mouseReleased(QGraphicsSceneMouseEvent *, Page *) override {}
