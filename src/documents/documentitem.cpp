@@ -99,6 +99,7 @@ void DocumentItem::createLineNumbersItem()
 {
     m_lineNumbersItem = new ClippedTextItem;
     m_lineNumbers = new LineNumbers;
+    m_lineNumbers->standBeside(m_textLayout);
     m_lineNumbersItem->setDocument(m_lineNumbers);
     m_lineNumbersItem->setDefaultTextColor(Qt::gray);
     m_lineNumbersItem->setFont(m_textItem->font());

@@ -52,8 +52,16 @@ void LineNumbers::postpone(int count)
         clear();
         m_unwritten = new NumbersLayout(this);
         setDocumentLayout(m_unwritten);
+        m_unwritten->standBeside(m_text);
     }
     m_unwritten->setCount(count);
+}
+
+void LineNumbers::standBeside(TextLayout *text)
+{
+    m_text = text;
+    if (m_unwritten)
+        m_unwritten->standBeside(text);
 }
 
 void LineNumbers::setNumbers(const QString &text)

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPointer>
 #include <QTextDocument>
 
 class NumbersLayout;
+class TextLayout;
 
 /// The document of the numbers beside a text: "1\n2\n" up to the count of lines, ending in an empty block.
 ///
@@ -16,6 +18,8 @@ class LineNumbers : public QTextDocument
 public:
     explicit LineNumbers(QObject *parent = nullptr);
 
+    /// Puts each number, unless the text is written, at the height of its line of @p text, which is not owned.
+    void standBeside(TextLayout *text);
     /// Shows @p text, which is usually the numbers from 1 on, each with a line feed; anything else is shown as it is.
     void setNumbers(const QString &text);
     /// Adds the numbers behind @p oldCount up to @p newCount, or takes the last ones away, in a single edit.
@@ -28,5 +32,6 @@ public:
 private:
     void postpone(int count);
 
+    QPointer<TextLayout> m_text;
     NumbersLayout *m_unwritten = nullptr; ///< The layout, while the text is not written; null otherwise.
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/numberslayout.h"
 
+#include "documents/textlayout.h"
 #include "documents/textmeter.h"
 
 #include <QPainter>
@@ -12,6 +13,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <ranges>
 
 namespace {
 
@@ -54,7 +56,47 @@ void NumbersLayout::setCount(int count)
     m_count = count;
     measure();
     reportSize();
-    emit update(QRectF(0, margin() + firstChanged * m_lineHeight, unbounded, unbounded));
+    emit update(QRectF(0, lineTop(firstChanged), unbounded, unbounded));
+}
+
+void NumbersLayout::standBeside(TextLayout *text)
+{
+    if (m_text)
+        disconnect(m_text, nullptr, this, nullptr);
+    m_text = text;
+    if (!text)
+        return;
+    // Where the text is painted anew its lines may have got other heights.
+    connect(text, &QAbstractTextDocumentLayout::update, this, [this](const QRectF &rect) {
+        reportSize();
+        emit update(QRectF(0, rect.top(), unbounded, rect.height()));
+    });
+}
+
+/// Lines that the text does not have (yet) go on below it, each as tall as a number.
+double NumbersLayout::lineTop(int index) const
+{
+    if (!m_text)
+        return margin() + index * m_lineHeight;
+    const int further = std::max(0, index - m_text->lineCount());
+    return m_text->lineTop(index) + further * m_lineHeight;
+}
+
+/// How far below its line's top a number stands: in the middle of what the line is taller, so that it is beside the
+/// text whether that has grown upwards or downwards.
+double NumbersLayout::extraHeight(int index) const
+{
+    if (!m_text || index >= m_text->lineCount())
+        return 0.0;
+    return std::max(0.0, std::floor((m_text->lineHeight(index) - m_lineHeight) / 2));
+}
+
+/// The last line that begins at or above @p y, bounded to the numbers.
+int NumbersLayout::lineAt(double y) const
+{
+    const auto lines = std::views::iota(0, m_count);
+    const auto after = std::ranges::upper_bound(lines, y, {}, [this](int index) { return lineTop(index); });
+    return std::max(0, static_cast<int>(after - lines.begin()) - 1);
 }
 
 void NumbersLayout::documentChanged(int from, int removed, int added)
@@ -108,7 +150,7 @@ QSizeF NumbersLayout::documentSize() const
 {
     const auto next = std::ranges::upper_bound(m_records, m_count, {}, &Record::number);
     const double width = next == m_records.begin() ? 0.0 : std::prev(next)->width;
-    return {width + 2 * margin(), (m_count + 1) * m_lineHeight + 2 * margin()};
+    return {width + 2 * margin(), lineTop(m_count) + m_lineHeight + margin()};
 }
 
 QRectF NumbersLayout::frameBoundingRect(QTextFrame *frame) const
@@ -119,7 +161,7 @@ QRectF NumbersLayout::frameBoundingRect(QTextFrame *frame) const
 QRectF NumbersLayout::blockBoundingRect(const QTextBlock &block) const
 {
     Q_UNUSED(block);
-    return {margin(), margin(), documentSize().width() - 2 * margin(), m_lineHeight};
+    return {margin(), lineTop(0), documentSize().width() - 2 * margin(), m_lineHeight};
 }
 
 int NumbersLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const
@@ -131,14 +173,14 @@ int NumbersLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) c
 void NumbersLayout::draw(QPainter *painter, const PaintContext &context)
 {
     const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
-    const double first = std::floor((clip.top() - margin()) / m_lineHeight) - 1;
-    const double last = std::floor((clip.bottom() - margin()) / m_lineHeight);
+    const int first = std::max(0, lineAt(clip.top()) - 1);
+    const int last = lineAt(clip.bottom());
     const QPen oldPen = painter->pen();
     painter->setPen(context.palette.color(QPalette::Text));
-    for (int i = static_cast<int>(std::max(0.0, first)); i < m_count && i <= last; ++i) {
+    for (int i = first; i < m_count && i <= last; ++i) {
         const QTextLayout *line = m_painted.line(i, [this, i] { return numberLine(QString::number(i + 1), m_font); });
-        line->draw(painter, QPointF(margin(), margin() + i * m_lineHeight));
+        line->draw(painter, QPointF(margin(), lineTop(i) + extraHeight(i)));
     }
     painter->setPen(oldPen);
-    m_painted.keepAround(static_cast<int>(first), static_cast<int>(last));
+    m_painted.keepAround(first, last);
 }

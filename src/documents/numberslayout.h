@@ -5,11 +5,15 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QFont>
+#include <QPointer>
 #include <QSizeF>
 
 #include <vector>
 
-/// Shows the numbers 1 to n in lines, then an empty line, whatever text its document holds.
+class TextLayout;
+
+/// Shows the numbers 1 to n in lines, then an empty line, whatever text its document holds. Beside a text, each number
+/// stands at its line, which may be taller than the numbers are.
 ///
 /// For a LineNumbers whose text is not written yet: size and pixels are those of the text, from the count alone.
 class NumbersLayout : public QAbstractTextDocumentLayout
@@ -21,6 +25,8 @@ public:
 
     int count() const { return m_count; }
     void setCount(int count);
+    /// @p text is not owned and may die first.
+    void standBeside(TextLayout *text);
 
     void draw(QPainter *painter, const PaintContext &context) override;
     QSizeF documentSize() const override;
@@ -44,6 +50,9 @@ private:
     void measure();
     void reportSize();
     double margin() const;
+    double lineTop(int index) const;
+    double extraHeight(int index) const;
+    int lineAt(double y) const;
 
     int m_count = 0;
     QFont m_font;
@@ -52,4 +61,5 @@ private:
     std::vector<Record> m_records; ///< Ascending; few, as most numbers are as wide as others.
     QSizeF m_size;
     LineCache m_painted;
+    QPointer<TextLayout> m_text; ///< Whose lines are numbered; null if the numbers stand alone.
 };

@@ -84,9 +84,14 @@ double TextLayout::margin() const
     return std::round(document()->documentMargin());
 }
 
-double TextLayout::top(int blockNumber) const
+double TextLayout::lineTop(int number) const
 {
-    return margin() + static_cast<double>(m_lines.top(blockNumber));
+    return margin() + static_cast<double>(m_lines.top(number));
+}
+
+double TextLayout::lineHeight(int number) const
+{
+    return lineTop(number + 1) - lineTop(number);
 }
 
 QSizeF TextLayout::documentSize() const
@@ -125,7 +130,7 @@ int TextLayout::hitTest(const QPointF &exactPoint, Qt::HitTestAccuracy accuracy)
         return notHit;
     // A point on the border of two lines belongs to the upper one.
     int number = m_lines.indexAt(point.y() - margin());
-    if (number > 0 && point.y() == top(number))
+    if (number > 0 && point.y() == lineTop(number))
         --number;
     const QTextBlock block = document()->findBlockByNumber(number);
     // Within a change the document may have fewer lines already.
@@ -180,7 +185,7 @@ void TextLayout::draw(QPainter *painter, const PaintContext &context)
     if (amidChange)
         m_painted.clear();
     QTextBlock block = document()->findBlockByNumber(first);
-    double y = top(first);
+    double y = lineTop(first);
     for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
         const LineTable::Line line = m_lines.at(number);
         QTextLayout *layout = layoutToPaint(block, number, line);
@@ -254,9 +259,9 @@ void TextLayout::documentChanged(int from, int removed, int added)
         emit documentSizeChanged(size);
     }
     // What follows only moves when the height changed.
-    const double changedTop = top(now.first);
+    const double changedTop = lineTop(now.first);
     const bool sameBelow = delta == 0 && heightBefore == m_lines.height();
-    emit update(QRectF(0, changedTop, endless, sameBelow ? top(now.last + 1) - changedTop : endless));
+    emit update(QRectF(0, changedTop, endless, sameBelow ? lineTop(now.last + 1) - changedTop : endless));
 }
 
 std::vector<LineTable::Line> TextLayout::measureFew(BlockRange blocks)
@@ -361,7 +366,7 @@ QTextLayout *TextLayout::laidOut(const QTextBlock &block) const
         layOut(layout, block);
         m_laidOut.push_back(block.blockNumber());
     }
-    layout->setPosition(QPointF(margin(), top(block.blockNumber())));
+    layout->setPosition(QPointF(margin(), lineTop(block.blockNumber())));
     return layout;
 }
 

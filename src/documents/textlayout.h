@@ -42,6 +42,11 @@ public:
     int cursorWidth() const { return m_cursorWidth; }
     void setCursorWidth(int width) { m_cursorWidth = width; }
 
+    int lineCount() const { return m_lines.count(); }
+    /// Upper edge and height of line @p number, which is bounded to the lines there are and their end.
+    double lineTop(int number) const;
+    double lineHeight(int number) const;
+
     void draw(QPainter *painter, const PaintContext &context) override;
     int hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const override;
     /// 1, unless the document has a page height.
@@ -63,7 +68,6 @@ private:
     };
 
     double margin() const;
-    double top(int blockNumber) const;
     QTextLayout *layoutToPaint(const QTextBlock &block, int number, const LineTable::Line &line);
     void drawBlock(QPainter *painter, const PaintContext &context, const QRectF &clip, const QTextBlock &block,
                    QTextLayout *layout) const;

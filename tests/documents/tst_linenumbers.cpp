@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/linenumbers.h"
 
+#include "documents/textlayout.h"
 #include "support/testmain.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -10,6 +11,10 @@
 #include <QStyleOptionGraphicsItem>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextLayout>
+
+#include <cmath>
+#include <memory>
 
 namespace {
 
@@ -20,6 +25,31 @@ QString numbersUpTo(int count)
         text += QStringLiteral("%1\n").arg(i);
     return text;
 }
+
+/// A text with a layout that can tell where its lines are.
+class Text
+{
+public:
+    explicit Text(const QString &lines) : document(new QTextDocument), layout(new TextLayout(document.get()))
+    {
+        document->setDocumentLayout(layout);
+        layout->setHighlighted(true);
+        document->setPlainText(lines);
+    }
+
+    /// As a highlighter does it.
+    void enlargeLine(int number)
+    {
+        const QTextBlock block = document->findBlockByNumber(number);
+        QTextCharFormat format;
+        format.setFontPointSize(40);
+        block.layout()->setFormats({{0, block.length() - 1, format}});
+        document->markContentsDirty(block.position(), block.length());
+    }
+
+    std::unique_ptr<QTextDocument> document;
+    TextLayout *layout; ///< Owned by the document.
+};
 
 /// What the item shows of @p area of its own coordinates.
 QImage itemPicture(QGraphicsTextItem *item, const QRectF &area)
@@ -50,6 +80,9 @@ private slots:
     void showsForeignTextAsItIs();
     void followsTheFont();
     void tellsItsItemOfChanges();
+    void standsBesideTallLines();
+    void linesThatTheTextLacksGoOnBelow();
+    void theTextMayDieFirst();
 };
 
 void TestLineNumbers::looksLikeTheText_data()
@@ -206,6 +239,68 @@ void TestLineNumbers::tellsItsItemOfChanges()
     QVERIFY(updated.bottom() > numbers.size().height());
     numbers.follow(6, 6);
     QCOMPARE(updates.size(), 1);
+}
+
+void TestLineNumbers::standsBesideTallLines()
+{
+    Text text("a\nb\nc");
+    LineNumbers alone;
+    LineNumbers beside;
+    beside.standBeside(text.layout);
+    QGraphicsTextItem aloneItem;
+    QGraphicsTextItem besideItem;
+    aloneItem.setDocument(&alone);
+    besideItem.setDocument(&beside);
+    alone.setNumbers(numbersUpTo(3));
+    beside.setNumbers(numbersUpTo(3));
+    const double height = text.layout->lineHeight(0);
+    const double margin = beside.documentMargin();
+    const auto shown = [](QGraphicsTextItem &item, double top, double h) {
+        return itemPicture(&item, QRectF(0, top, 40, h));
+    };
+    QCOMPARE(shown(besideItem, 0, 5 * height), shown(aloneItem, 0, 5 * height));
+
+    QSignalSpy updates(beside.documentLayout(), &QAbstractTextDocumentLayout::update);
+    QSignalSpy sizes(beside.documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged);
+    text.enlargeLine(1);
+    const double tall = text.layout->lineHeight(1);
+    QVERIFY(tall > 2 * height);
+    QCOMPARE(sizes.size(), 1);
+    QCOMPARE(updates.size(), 1);
+    QCOMPARE(updates.first().first().toRectF().top(), text.layout->lineTop(1));
+    QCOMPARE(beside.size().height(), 3 * height + tall + 2 * margin);
+    QCOMPARE(shown(besideItem, margin, height), shown(aloneItem, margin, height));
+    QCOMPARE(shown(besideItem, text.layout->lineTop(1) + std::floor((tall - height) / 2), height),
+             shown(aloneItem, margin + height, height));
+    QCOMPARE(shown(besideItem, text.layout->lineTop(2), height), shown(aloneItem, margin + 2 * height, height));
+}
+
+void TestLineNumbers::linesThatTheTextLacksGoOnBelow()
+{
+    Text text("a");
+    text.enlargeLine(0);
+    LineNumbers numbers;
+    numbers.standBeside(text.layout);
+    numbers.setNumbers(numbersUpTo(3));
+    LineNumbers alone;
+    const double height = alone.size().height() - 2 * alone.documentMargin();
+    QCOMPARE(numbers.size().height(), text.layout->lineHeight(0) + 3 * height + 2 * numbers.documentMargin());
+}
+
+void TestLineNumbers::theTextMayDieFirst()
+{
+    Text text("a\nb");
+    LineNumbers numbers;
+    numbers.standBeside(text.layout);
+    text.document.reset();
+    numbers.setNumbers(numbersUpTo(2));
+    QGraphicsTextItem item;
+    item.setDocument(&numbers);
+    LineNumbers alone;
+    QGraphicsTextItem aloneItem;
+    aloneItem.setDocument(&alone);
+    alone.setNumbers(numbersUpTo(2));
+    QCOMPARE(itemPicture(&item, QRectF(0, 0, 40, 60)), itemPicture(&aloneItem, QRectF(0, 0, 40, 60)));
 }
 
 REGISTER_TEST(TestLineNumbers)
