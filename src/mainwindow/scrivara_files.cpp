@@ -2,6 +2,7 @@
 #include "mainwindow/scrivara.h"
 
 #include "app/eventlog.h"
+#include "app/setting.h"
 #include "documents/page.h"
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
@@ -11,7 +12,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImageWriter>
-#include <QSettings>
 #include <QToolButton>
 
 #include <algorithm>
@@ -23,7 +23,9 @@ constexpr int maxRecentLimit = 99;
 
 QStringList storedRecentFiles()
 {
-    return QSettings().value(QStringLiteral("General/RecentFileList")).toStringList();
+    QStringList files = settingOr(QSettings(), QStringLiteral("General/RecentFileList"), QStringList());
+    files.removeAll(QString()); // a damaged entry names nothing
+    return files;
 }
 
 /// Undoes the override cursor on every way out of a scope.
@@ -208,7 +210,7 @@ void Scrivara::closeFile()
 void Scrivara::createRecentFileActions()
 {
     TRACE_ENTER_ON(logInfo);
-    const int stored = QSettings().value(QStringLiteral("Other/MaxRecentFiles"), 5).toInt();
+    const int stored = settingOr(QSettings(), QStringLiteral("Other/MaxRecentFiles"), 5);
     m_recentLimit = std::clamp(stored, 0, maxRecentLimit);
     for (int slot = 0; slot < m_recentLimit; ++slot) {
         auto *action = new QAction(this);

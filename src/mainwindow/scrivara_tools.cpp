@@ -2,6 +2,7 @@
 #include "mainwindow/scrivara.h"
 
 #include "app/eventlog.h"
+#include "app/setting.h"
 #include "documents/pageview.h"
 #include "mainwindow/actiontables.h"
 #include "mainwindow/processtools.h"
@@ -14,8 +15,6 @@
 #include "tools/shapetool.h"
 #include "tools/textboxtool.h"
 #include "widgets/qtcolorpicker.h"
-
-#include <QSettings>
 
 namespace {
 
@@ -38,7 +37,7 @@ template<std::size_t N> bool isIndexOf(const std::array<ActionTables::Member, N>
 void Scrivara::createTools()
 {
     TRACE_ENTER_ON(logInfo);
-    const QString penColor = QSettings().value(QStringLiteral("General/PenColor"), "#0a0aa2").toString();
+    const QString penColor = settingOr(QSettings(), QStringLiteral("General/PenColor"), QStringLiteral("#0a0aa2"));
     m_defaultPen = kept(new PenTool(QColor(penColor), 1, true));
     createPredefinedTools();
     m_eraser = kept(new EraserTool);

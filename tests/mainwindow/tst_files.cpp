@@ -391,7 +391,7 @@ void TestFileCommands::recentLimit_data()
     QTest::newRow("none") << QVariant(0) << 0;
     QTest::newRow("negative") << QVariant(-3) << 0;
     QTest::newRow("huge") << QVariant(2000000000) << 99;
-    QTest::newRow("no number") << QVariant(QStringLiteral("many")) << 0;
+    QTest::newRow("no number") << QVariant(QStringLiteral("many")) << 5;
     QTest::newRow("as text") << QVariant(QStringLiteral("7")) << 7;
 }
 
