@@ -29,6 +29,7 @@ namespace {
 
 EventLog ownRing(7);
 std::unique_ptr<QApplication> application;
+std::unique_ptr<QWidget> window;
 
 /// Says something, or dies, while static objects are destroyed.
 struct LastWord
@@ -134,6 +135,7 @@ void startApplication()
     static char name[] = "appchild";
     static char *arguments[] = {name, nullptr};
     application = std::make_unique<QApplication>(count, arguments);
+    window = std::make_unique<QWidget>();
 }
 
 void translate()
@@ -206,6 +208,7 @@ const std::vector<std::pair<std::string, Operation>> operations{
     {"hook",
      [](const std::string &seconds) { installCrashFilter("sys/logs/dumped.dat", unsigned(std::stoi(seconds))); }},
     {"application", [](const std::string &) { startApplication(); }},
+    {"follow", [](const std::string &) { followLanguageOf(window.get()); }},
     {"translate", [](const std::string &) { translate(); }},
     {"connect", connectTo},
     {"fault", commitFault},
@@ -239,6 +242,7 @@ int main(int argc, char **argv)
             return 2;
         }
     }
+    window.reset();
     application.reset();
     return 0;
 }
