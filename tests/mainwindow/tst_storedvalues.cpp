@@ -331,17 +331,34 @@ QList<Row> allRows()
     return windowRows() + documentRows() + toolRows();
 }
 
-QVariant seenWith(const Row &row, const QVariant &value)
+/// A window with one document, in a folder of its own.
+class Situation
 {
-    QSettings().clear();
-    const TestFiles files;
-    const QString path = files.write(QStringLiteral("a.txt"));
+public:
+    const WindowProbe &window() const { return m_window; }
+    ~Situation() { m_window.forgetChanges(); }
+
+private:
+    TestFiles m_files;
+    WindowProbe m_window{{m_files.write(QStringLiteral("a.txt"))}};
+};
+
+void storeOnly(const char *key, const QVariant &value)
+{
+    QSettings settings;
+    settings.clear();
     if (value.isValid())
-        QSettings().setValue(QLatin1String(row.key), value);
-    const WindowProbe window({path});
-    const QVariant seen = row.observe(window);
-    window.forgetChanges();
-    return seen;
+        settings.setValue(QLatin1String(key), value);
+}
+
+/// What is seen with @p value in the store; of tools, in @p open, as they read their settings whenever they are chosen.
+QVariant seenWith(const Row &row, const QVariant &value, const Situation *open)
+{
+    storeOnly(row.key, value);
+    if (open != nullptr)
+        return row.observe(open->window());
+    const Situation fresh;
+    return row.observe(fresh.window());
 }
 
 } // namespace
@@ -389,13 +406,19 @@ void TestStoredValues::values()
 {
     QFETCH(const int, row);
     const Row expected = allRows().at(row);
-    QCOMPARE(seenWith(expected, QVariant()), expected.usual);
-    QCOMPARE(seenWith(expected, unreadable(expected.kind)), expected.usual);
-    QCOMPARE(seenWith(expected, QRect(1, 2, 3, 4)), expected.usual);
+    storeOnly(expected.key, {});
+    // Text boxes would pile up in one document.
+    const bool inOneWindow =
+        row >= windowRows().size() + documentRows().size() && !QByteArray(expected.key).startsWith("TextBoxTool");
+    const auto shared = inOneWindow ? std::make_unique<Situation>() : nullptr;
+    const auto seen = [&](const QVariant &value) { return seenWith(expected, value, shared.get()); };
     if (expected.other.isValid())
-        QCOMPARE(seenWith(expected, expected.other), expected.otherSeen);
-    QCOMPARE(seenWith(expected, negativeValue(expected.kind)), expected.negative);
-    QCOMPARE(seenWith(expected, hugeValue(expected.kind)), expected.huge);
+        QCOMPARE(seen(expected.other), expected.otherSeen);
+    QCOMPARE(seen(QVariant()), expected.usual);
+    QCOMPARE(seen(negativeValue(expected.kind)), expected.negative);
+    QCOMPARE(seen(unreadable(expected.kind)), expected.usual);
+    QCOMPARE(seen(hugeValue(expected.kind)), expected.huge);
+    QCOMPARE(seen(QRect(1, 2, 3, 4)), expected.usual);
 }
 
 void TestStoredValues::recentFiles_data()
@@ -408,8 +431,7 @@ void TestStoredValues::recentFiles_data()
     QTest::newRow("a size") << QVariant(QSize(1, 2)) << QStringList();
     QTest::newRow("bytes") << QVariant(QByteArray("\xff\x00", 2)) << QStringList();
     QTest::newRow("empty entries") << QVariant(QStringList{"", "/a", ""}) << QStringList{"/a"};
-    QTest::newRow("many") << QVariant(QStringList(100'000, QStringLiteral("/x")))
-                          << QStringList(5, QStringLiteral("/x"));
+    QTest::newRow("many") << QVariant(QStringList(2'000, QStringLiteral("/x"))) << QStringList(5, QStringLiteral("/x"));
 }
 
 void TestStoredValues::recentFiles()

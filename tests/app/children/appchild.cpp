@@ -142,6 +142,7 @@ void translate()
 {
     static BracketTranslator translator;
     QCoreApplication::installTranslator(&translator);
+    QCoreApplication::sendPostedEvents(); // as the event loop would: windows hear of it later
 }
 
 /// Prints what the box shows and closes it.
