@@ -3,6 +3,7 @@
 
 #include "app/eventlog.h"
 #include "app/setting.h"
+#include "documents/documentname.h"
 #include "documents/page.h"
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
@@ -11,7 +12,6 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QImageWriter>
 #include <QToolButton>
 
 #include <algorithm>
@@ -56,16 +56,23 @@ void Scrivara::newProject()
     TRACE_LEAVE;
 }
 
+/// Makes a view for @p page, in a new tab that comes to the front.
+PageView *Scrivara::showInNewTab(Page *page)
+{
+    auto *view = new PageView(page, m_pageStack);
+    view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_pageStack->addTab(view, DocumentName::label(page->fileName()));
+    m_pageStack->setCurrentIndex(m_pageStack->count() - 1);
+    m_pageStack->updateStackLook();
+    return view;
+}
+
 void Scrivara::addNewPage(Page *page)
 {
     if (page == nullptr)
         return;
     TRACE_ENTER;
-    auto *view = new PageView(page, m_pageStack);
-    view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_pageStack->addTab(view, page->fileName());
-    m_pageStack->setCurrentIndex(m_pageStack->count() - 1);
-    m_pageStack->updateStackLook();
+    PageView *view = showInNewTab(page);
     view->setCursor(m_currentTool->makeCursor());
     view->show();
     view->centerOn(1.0, 1.0);
@@ -101,9 +108,7 @@ void Scrivara::openFile()
 
 QString Scrivara::buildOpenFilter(const QString &selected) const
 {
-    const QList<QByteArray> formats = QImageWriter::supportedImageFormats();
-    const QString imageFilter =
-        tr("Image Files (") + QStringLiteral("*.") + QString::fromLatin1(formats.join(" *.")) + QStringLiteral(");;");
+    const QString imageFilter = tr("Image Files (") + DocumentName::picturePatterns() + QStringLiteral(");;");
     const QStringList filters{
         tr("Kestrin 7 Files (*.oxn);;"),  imageFilter,
         tr("Text Files (*.txt);;"),       tr("C/C++ Files (*.c *.c++ *.cc *.cpp *.h);;"),
@@ -162,11 +167,7 @@ bool Scrivara::openDocument(const QString &path)
         TRACE_LEAVE;
         return false;
     }
-    auto *view = new PageView(page, nullptr);
-    view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_pageStack->addTab(view, QFileInfo(path).fileName());
-    m_pageStack->setCurrentIndex(m_pageStack->count() - 1);
-    m_pageStack->updateStackLook();
+    PageView *view = showInNewTab(page);
     setCurrentFile(path);
     updateMenus();
     view->setCursor(m_currentTool->makeCursor());
@@ -230,7 +231,7 @@ void Scrivara::updateRecentFileActions()
         QAction *action = m_recentFileActions.at(i);
         const bool used = i < files.size();
         if (used) {
-            action->setText(tr("&%1 %2").arg(i + 1).arg(QFileInfo(files.at(i)).fileName()));
+            action->setText(tr("&%1 %2").arg(i + 1).arg(DocumentName::label(files.at(i))));
             action->setData(files.at(i));
         }
         action->setVisible(used);
@@ -253,13 +254,12 @@ void Scrivara::setCurrentFile(const QString &path)
     if (m_pageStack != nullptr) {
         const Page *page = currentPage();
         showTitle(path, page != nullptr && page->isModified());
-        m_pageStack->setTabText(m_pageStack->currentIndex(), QFileInfo(path).fileName());
+        m_pageStack->setTabText(m_pageStack->currentIndex(), DocumentName::label(path));
     }
     TRACE_LEAVE;
 }
 
 void Scrivara::showTitle(const QString &name, bool modified)
 {
-    setWindowTitle(m_title + QStringLiteral(" [") + name + QStringLiteral("]") +
-                   (modified ? QStringLiteral("*") : QString()));
+    setWindowTitle(DocumentName::windowTitle(m_title, name, modified));
 }
