@@ -4,6 +4,7 @@
 #include "annotations/annotation.h"
 #include "app/eventlog.h"
 #include "app/folders.h"
+#include "app/setting.h"
 #include "documents/addannotationcommand.h"
 #include "documents/documentitem.h"
 #include "documents/documentname.h"
@@ -19,7 +20,6 @@
 #include <QGraphicsTextItem>
 #include <QGraphicsView>
 #include <QScopeGuard>
-#include <QSettings>
 #include <QTextDocument>
 #include <QUndoGroup>
 #include <QUndoStack>
@@ -172,7 +172,7 @@ void Page::setTextContents(const QString &fileName, const QString &text, const Q
     m_textFormat = TextFormat();
     removeHighlighter();
     const QString definition = syntaxFile();
-    if (QSettings().value(QStringLiteral("Syntax/HighlightByDefault"), true).toBool() && !definition.isEmpty())
+    if (settingOr(QSettings(), QStringLiteral("Syntax/HighlightByDefault"), true) && !definition.isEmpty())
         createHighlighter(definition);
     m_documentItem->setTextContents(text, lineNumbers);
     m_kind = TextDocument;
