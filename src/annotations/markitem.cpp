@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "annotations/markitem.h"
 
+#include "app/setting.h"
+
 #include <QGraphicsItem>
 #include <QPainter>
-#include <QSettings>
 
 namespace MarkItem {
 
@@ -21,7 +22,7 @@ void placeCopy(const QGraphicsItem &original, QGraphicsItem &copy)
 
 void drawSelection(QPainter *painter, const QGraphicsItem &item, const QPen &pen, const QString &key)
 {
-    if (!item.isSelected() || !QSettings().value(key, false).toBool())
+    if (!item.isSelected() || !settingOr(QSettings(), key, false))
         return;
     painter->setPen(QPen(pen.color(), 0, Qt::DashLine));
     painter->drawRect(item.boundingRect());

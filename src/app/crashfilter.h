@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+class QWidget;
+
 /// Hooks the faults that end a process: bad memory accesses, an overflow of the main thread's stack, illegal
 /// instructions, arithmetic faults, and abort(), through which the C library reports a damaged heap.
 ///
@@ -13,6 +15,10 @@
 /// state to show one; it is waited for at most @p boxSeconds (0: without limit) and stays when the time is up. Without
 /// that program or a display there is no box. Call this once, before any other thread runs.
 void installCrashFilter(const char *dumpName, unsigned boxSeconds = 60);
+
+/// Gives the box the language that the program speaks now, and each one that it changes to while @p window lives: a
+/// top-level widget, not null. Until then the box is in the language of the source.
+void followLanguageOf(QWidget *window);
 
 /// Lets the next abort() end the process without a crash record.
 void leaveAbortAlone();

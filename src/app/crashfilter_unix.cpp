@@ -4,8 +4,8 @@
 #include "app/crashmessage.h"
 #include "app/ringbuffer.h"
 
-#include <QCoreApplication>
 #include <QEvent>
+#include <QWidget>
 
 #include <algorithm>
 #include <array>
@@ -159,24 +159,19 @@ void prepareBoxTexts()
     crashPlan.text = crashText().toLocal8Bit().toStdString();
 }
 
-/// Keeps the prepared texts in the language of the window.
+/// Prepares the texts anew when the window it belongs to hears of another language.
 class CrashBoxLanguage : public QObject
 {
 public:
-    explicit CrashBoxLanguage(QObject *application) : QObject(application) { application->installEventFilter(this); }
+    explicit CrashBoxLanguage(QWidget *window) : QObject(window) { window->installEventFilter(this); }
 
-    bool eventFilter(QObject *watched, QEvent *event) override
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
     {
-        if (event->type() == QEvent::LanguageChange && watched == parent())
+        if (event->type() == QEvent::LanguageChange)
             prepareBoxTexts();
         return false;
     }
 };
-
-void followLanguage()
-{
-    new CrashBoxLanguage(QCoreApplication::instance()); // owned by the application object
-}
 
 } // namespace
 
@@ -190,10 +185,15 @@ void installCrashFilter(const char *dumpName, unsigned boxSeconds)
     crashPlan.environment = environ;
     crashPlan.patience = boxSeconds;
     prepareBoxTexts();
-    qAddPreRoutine(followLanguage);
     hookFatalSignals();
     // What main() leaves behind is taken apart after this: the ring is not to be trusted any more.
     std::atexit(restoreDefaultActions);
+}
+
+void followLanguageOf(QWidget *window)
+{
+    prepareBoxTexts();
+    new CrashBoxLanguage(window); // the window owns it
 }
 
 void leaveAbortAlone()

@@ -20,6 +20,11 @@ void installCrashFilter(const char * /*dumpName*/, unsigned /*boxSeconds*/)
     SetUnhandledExceptionFilter(crashFilter);
 }
 
+void followLanguageOf(QWidget * /*window*/)
+{
+    // The box asks for its texts when it is shown.
+}
+
 void leaveAbortAlone()
 {
     // abort() does not pass through the filter.

@@ -4,6 +4,7 @@
 #include "app/inputfiles.h"
 #include "app/messagehandler.h"
 #include "mainwindow/scrivara.h"
+#include "widgets/qtdotnetstyle.h"
 
 #include <QApplication>
 
@@ -18,9 +19,11 @@ int main(int argc, char **argv)
 
     const QApplication app(argc, argv);
     QCoreApplication::processEvents();
+    QApplication::setStyle(new QtDotNetStyle); // the application's from here on
     QStringList files = inputFiles(argc, argv);
     (logInfo << "Main window creation").eol(0);
     Scrivara window(files, nullptr); // opens the files
+    followLanguageOf(&window);
     window.showWindow();
     (logInfo << "Start the main event loop").eol(0);
     return QApplication::exec();

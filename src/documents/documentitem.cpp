@@ -2,6 +2,7 @@
 #include "documents/documentitem.h"
 
 #include "annotations/annotation.h"
+#include "app/setting.h"
 #include "documents/clippedtextitem.h"
 #include "documents/documenttextitem.h"
 #include "documents/linenumbers.h"
@@ -13,12 +14,9 @@
 #include <QGraphicsPixmapItem>
 #include <QGraphicsTextItem>
 #include <QMessageBox>
-#include <QSettings>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-
-#include <algorithm>
 
 namespace {
 
@@ -32,17 +30,14 @@ constexpr double freeWidth = 100.0;
 constexpr double freeHeight = 120.0;
 /// Below every mark, which lies at 0.
 constexpr double documentLevel = -1.0;
-/// Points; beyond it a stored size can only be damage.
-constexpr int largestFontSize = 500;
 /// Scene units between two tab stops.
 constexpr double tabStop = 16.0;
 
 QFont defaultDocumentFont()
 {
     const QSettings settings;
-    const int size = settings.value(QStringLiteral("PageView/DefaultFontSize"), 10).toInt();
-    return QFont(settings.value(QStringLiteral("PageView/DefaultFontFamily"), QStringLiteral("Courier")).toString(),
-                 std::clamp(size, 1, largestFontSize));
+    return QFont(settingOr(settings, QStringLiteral("PageView/DefaultFontFamily"), QStringLiteral("Courier")),
+                 fontSizeSetting(settings, QStringLiteral("PageView/DefaultFontSize"), 10));
 }
 
 void setUnwrapped(QTextDocument *document)
@@ -337,7 +332,7 @@ void DocumentItem::followLines(int position, double lineHeight)
         return;
     m_lineNumbers->follow(m_lineCount, newCount);
     const double offset = (newCount - m_lineCount) * lineHeight;
-    if (QSettings().value(QStringLiteral("Other/SynchAnnotations"), true).toBool())
+    if (settingOr(QSettings(), QStringLiteral("Other/SynchAnnotations"), true))
         shiftAnnotations(position, offset);
     m_lineCount = newCount;
 }

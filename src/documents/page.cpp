@@ -4,8 +4,10 @@
 #include "annotations/annotation.h"
 #include "app/eventlog.h"
 #include "app/folders.h"
+#include "app/setting.h"
 #include "documents/addannotationcommand.h"
 #include "documents/documentitem.h"
+#include "documents/documentname.h"
 #include "documents/markref.h"
 #include "documents/pageview.h"
 #include "documents/picture.h"
@@ -18,7 +20,6 @@
 #include <QGraphicsTextItem>
 #include <QGraphicsView>
 #include <QScopeGuard>
-#include <QSettings>
 #include <QTextDocument>
 #include <QUndoGroup>
 #include <QUndoStack>
@@ -27,7 +28,6 @@ namespace {
 
 constexpr double pageMarginX = 50.0;
 constexpr double pageMarginY = 5.0;
-const QLatin1String unnamed("noname");
 
 /// The annotated file beside @p path: same folder, name up to the first dot.
 QString annotatedFileFor(const QString &path)
@@ -43,7 +43,10 @@ QString annotatedFileFor(const QString &path)
 } // namespace
 
 Page::Page(DocumentHost *host)
-    : m_host(host), m_documentItem(new DocumentItem(this)), m_fileName(unnamed), m_undoStack(new QUndoStack)
+    : m_host(host),
+      m_documentItem(new DocumentItem(this)),
+      m_fileName(DocumentName::unnamed),
+      m_undoStack(new QUndoStack)
 {
     resetSearch();
     if (host && host->undoGroup())
@@ -169,7 +172,7 @@ void Page::setTextContents(const QString &fileName, const QString &text, const Q
     m_textFormat = TextFormat();
     removeHighlighter();
     const QString definition = syntaxFile();
-    if (QSettings().value(QStringLiteral("Syntax/HighlightByDefault"), true).toBool() && !definition.isEmpty())
+    if (settingOr(QSettings(), QStringLiteral("Syntax/HighlightByDefault"), true) && !definition.isEmpty())
         createHighlighter(definition);
     m_documentItem->setTextContents(text, lineNumbers);
     m_kind = TextDocument;
@@ -210,7 +213,7 @@ bool Page::saveDocument(const QString &fileName, bool keepState)
 bool Page::chooseTarget(QString *target) const
 {
     *target = m_fileName;
-    if (!hasAnnotations() || QFileInfo(*target).suffix().compare(QLatin1String("oxn"), Qt::CaseInsensitive) == 0)
+    if (!hasAnnotations() || DocumentName::isAnnotatedFile(*target))
         return true;
     const auto answer = showWarning(
         window(), tr("Kestrin 7"),
@@ -227,7 +230,7 @@ bool Page::chooseTarget(QString *target) const
 bool Page::mayReplace(const QString &path) const
 {
     const QFileInfo target(path);
-    const bool isOwn = m_fileName != unnamed && target == QFileInfo(m_fileName);
+    const bool isOwn = m_fileName != DocumentName::unnamed && target == QFileInfo(m_fileName);
     if (isOwn || !target.exists())
         return true;
     return showWarning(window(), tr("Kestrin 7"), tr("%1 already exists.\nDo you want to replace it?").arg(path),
@@ -239,7 +242,7 @@ void Page::setSaved(const QString &target)
     setModified(false);
     m_fileName = target;
     if (DocumentHost *host = m_host.get(); host && window())
-        window()->setWindowTitle(host->title() + QStringLiteral(" [") + m_fileName + QLatin1Char(']'));
+        window()->setWindowTitle(DocumentName::windowTitle(host->title(), m_fileName, false));
 }
 
 void Page::addAnnotation(QGraphicsItem *item)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/pagestack.h"
 
+#include "documents/documentname.h"
 #include "documents/page.h"
 #include "documents/pageview.h"
 #include "documents/warningbox.h"
@@ -9,14 +10,12 @@
 #include <QContextMenuEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QImageWriter>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QUndoGroup>
 
 namespace {
 
-const QLatin1String noName("noname");
 const QLatin1String emptyLook("background-color: rgb(231, 231, 231);");
 
 } // namespace
@@ -177,7 +176,7 @@ bool PageStack::saveCurrent(int index)
     Page *page = pageAt(index < 0 ? currentIndex() : index);
     if (!page)
         return true;
-    if (page->fileName().isEmpty() || page->fileName() == noName)
+    if (page->fileName().isEmpty() || page->fileName() == DocumentName::unnamed)
         return saveAs(index);
     page->saveDocument(QString(), false);
     tellSaved(page->fileName());
@@ -189,11 +188,8 @@ bool PageStack::saveAs(int index)
     Page *page = pageAt(index < 0 ? currentIndex() : index);
     if (!page)
         return true;
-    QStringList patterns;
-    for (const QByteArray &format : QImageWriter::supportedImageFormats())
-        patterns.append(QStringLiteral("*.") + QString::fromLatin1(format));
     const QString filter = tr("Kestrin7 Files (*.oxn);;") +
-                           tr("Image Files (%1);;").arg(patterns.join(QLatin1Char(' '))) + tr("All Files (*.*);;");
+                           tr("Image Files (%1);;").arg(DocumentName::picturePatterns()) + tr("All Files (*.*);;");
     const DocumentHost *host = m_host.get();
     QString name = QFileDialog::getSaveFileName(m_host.window(), tr("Save As File"),
                                                 host ? host->lastOpenDir() : QString(), filter);

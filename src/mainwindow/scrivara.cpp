@@ -4,6 +4,7 @@
 #include "annotations/annotation.h"
 #include "app/eventlog.h"
 #include "app/folders.h"
+#include "app/setting.h"
 #include "documents/page.h"
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
@@ -19,7 +20,6 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QScreen>
-#include <QSettings>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUndoGroup>
@@ -250,10 +250,10 @@ void Scrivara::updateCurrentState()
     Page *page = currentPage();
     if (page != nullptr)
         applyDocumentColors(page);
-    const bool lineNumbers = settings.value(QStringLiteral("PageView/ShowLineNumbers"), true).toBool();
+    const bool lineNumbers = settingOr(settings, QStringLiteral("PageView/ShowLineNumbers"), true);
     (logTrace << " Current page view updated").eol(0);
     applyTabsPosition();
-    m_syntaxButton->setChecked(settings.value(QStringLiteral("Syntax/HighlightByDefault"), true).toBool());
+    m_syntaxButton->setChecked(settingOr(settings, QStringLiteral("Syntax/HighlightByDefault"), true));
     if (page != nullptr) {
         page->showLineNumbers(lineNumbers);
         page->highlightSyntax(m_syntaxButton->isChecked());
@@ -265,10 +265,10 @@ void Scrivara::applyDocumentColors(Page *page)
 {
     const QSettings settings;
     // What is no colour would show as black, text and background alike.
-    const QColor text(settings.value(QStringLiteral("PageView/DefaultTextColor"), "black").toString());
+    const QColor text(settingOr(settings, QStringLiteral("PageView/DefaultTextColor"), QStringLiteral("black")));
     page->setTextColor(text.isValid() ? text : QColor(Qt::black));
     (logTrace << "Updating text color").eol(0);
-    const QColor background(settings.value(QStringLiteral("PageView/DefaultBgColor"), "white").toString());
+    const QColor background(settingOr(settings, QStringLiteral("PageView/DefaultBgColor"), QStringLiteral("white")));
     page->setBackgroundBrush(QBrush(background.isValid() ? background : QColor(Qt::white)));
     (logTrace << "Updating background color").eol(0);
 }
@@ -281,7 +281,7 @@ void Scrivara::applyTabsPosition()
         {QStringLiteral("Bottom"), QTabWidget::South},
         {QStringLiteral("Left"), QTabWidget::West},
     };
-    const QString stored = QSettings().value(QStringLiteral("Other/TabsPosition"), "Right").toString();
+    const QString stored = settingOr(QSettings(), QStringLiteral("Other/TabsPosition"), QStringLiteral("Right"));
     m_pageStack->setTabPosition(positions.value(stored, m_pageStack->tabPosition()));
 }
 

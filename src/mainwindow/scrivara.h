@@ -224,6 +224,7 @@ private:
     void checkLanguageAction();
     void syncZoomBox();
 
+    PageView *showInNewTab(Page *page);
     void addNewPage(Page *page);
     bool activateDocument(const QString &path);
     bool openDocument(const QString &path);
@@ -231,6 +232,8 @@ private:
     QString buildOpenFilter(const QString &selected) const;
 
     void selectTool(Tool *tool, QAction *action);
+    template<std::size_t N, typename T>
+    bool selectFromFamily(const std::array<T *, N> &tools, const std::array<ActionMember, N> &actions, int id);
     void selectDrawingTool(DrawingTool *tool, QAction *action);
     void applyToolColors(bool brushToo);
     void showToolCursor();
@@ -240,6 +243,7 @@ private:
     void applyLayout(const WindowLayout &layout);
     void showRestored();
     void checkViewAction(ViewMode mode);
+    void stepZoom(int steps);
 
     void loadTranslations(const QString &locale);
     void retranslateTexts();

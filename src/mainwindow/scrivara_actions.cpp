@@ -6,6 +6,7 @@
 #include "documents/page.h"
 #include "documents/pageview.h"
 #include "mainwindow/actiontables.h"
+#include "mainwindow/zoomsteps.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -314,7 +315,7 @@ void Scrivara::syncZoomBox()
     if (view == nullptr)
         return;
     // The smallest size is left out: a view at 25% leaves the box as it was.
-    const int index = view->zoom() / 25 - 1;
+    const int index = ZoomSteps::indexOf(view->zoom());
     if (index > 0)
         m_zoomBox->setCurrentIndex(index);
 }

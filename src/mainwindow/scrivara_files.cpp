@@ -2,6 +2,8 @@
 #include "mainwindow/scrivara.h"
 
 #include "app/eventlog.h"
+#include "app/setting.h"
+#include "documents/documentname.h"
 #include "documents/page.h"
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
@@ -10,8 +12,6 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QImageWriter>
-#include <QSettings>
 #include <QToolButton>
 
 #include <algorithm>
@@ -23,7 +23,9 @@ constexpr int maxRecentLimit = 99;
 
 QStringList storedRecentFiles()
 {
-    return QSettings().value(QStringLiteral("General/RecentFileList")).toStringList();
+    QStringList files = settingOr(QSettings(), QStringLiteral("General/RecentFileList"), QStringList());
+    files.removeAll(QString()); // a damaged entry names nothing
+    return files;
 }
 
 /// Undoes the override cursor on every way out of a scope.
@@ -54,16 +56,23 @@ void Scrivara::newProject()
     TRACE_LEAVE;
 }
 
+/// Makes a view for @p page, in a new tab that comes to the front.
+PageView *Scrivara::showInNewTab(Page *page)
+{
+    auto *view = new PageView(page, m_pageStack);
+    view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_pageStack->addTab(view, DocumentName::label(page->fileName()));
+    m_pageStack->setCurrentIndex(m_pageStack->count() - 1);
+    m_pageStack->updateStackLook();
+    return view;
+}
+
 void Scrivara::addNewPage(Page *page)
 {
     if (page == nullptr)
         return;
     TRACE_ENTER;
-    auto *view = new PageView(page, m_pageStack);
-    view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_pageStack->addTab(view, page->fileName());
-    m_pageStack->setCurrentIndex(m_pageStack->count() - 1);
-    m_pageStack->updateStackLook();
+    PageView *view = showInNewTab(page);
     view->setCursor(m_currentTool->makeCursor());
     view->show();
     view->centerOn(1.0, 1.0);
@@ -99,9 +108,7 @@ void Scrivara::openFile()
 
 QString Scrivara::buildOpenFilter(const QString &selected) const
 {
-    const QList<QByteArray> formats = QImageWriter::supportedImageFormats();
-    const QString imageFilter =
-        tr("Image Files (") + QStringLiteral("*.") + QString::fromLatin1(formats.join(" *.")) + QStringLiteral(");;");
+    const QString imageFilter = tr("Image Files (") + DocumentName::picturePatterns() + QStringLiteral(");;");
     const QStringList filters{
         tr("Kestrin 7 Files (*.oxn);;"),  imageFilter,
         tr("Text Files (*.txt);;"),       tr("C/C++ Files (*.c *.c++ *.cc *.cpp *.h);;"),
@@ -160,11 +167,7 @@ bool Scrivara::openDocument(const QString &path)
         TRACE_LEAVE;
         return false;
     }
-    auto *view = new PageView(page, nullptr);
-    view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_pageStack->addTab(view, QFileInfo(path).fileName());
-    m_pageStack->setCurrentIndex(m_pageStack->count() - 1);
-    m_pageStack->updateStackLook();
+    PageView *view = showInNewTab(page);
     setCurrentFile(path);
     updateMenus();
     view->setCursor(m_currentTool->makeCursor());
@@ -208,7 +211,7 @@ void Scrivara::closeFile()
 void Scrivara::createRecentFileActions()
 {
     TRACE_ENTER_ON(logInfo);
-    const int stored = QSettings().value(QStringLiteral("Other/MaxRecentFiles"), 5).toInt();
+    const int stored = settingOr(QSettings(), QStringLiteral("Other/MaxRecentFiles"), 5);
     m_recentLimit = std::clamp(stored, 0, maxRecentLimit);
     for (int slot = 0; slot < m_recentLimit; ++slot) {
         auto *action = new QAction(this);
@@ -228,7 +231,7 @@ void Scrivara::updateRecentFileActions()
         QAction *action = m_recentFileActions.at(i);
         const bool used = i < files.size();
         if (used) {
-            action->setText(tr("&%1 %2").arg(i + 1).arg(QFileInfo(files.at(i)).fileName()));
+            action->setText(tr("&%1 %2").arg(i + 1).arg(DocumentName::label(files.at(i))));
             action->setData(files.at(i));
         }
         action->setVisible(used);
@@ -251,13 +254,12 @@ void Scrivara::setCurrentFile(const QString &path)
     if (m_pageStack != nullptr) {
         const Page *page = currentPage();
         showTitle(path, page != nullptr && page->isModified());
-        m_pageStack->setTabText(m_pageStack->currentIndex(), QFileInfo(path).fileName());
+        m_pageStack->setTabText(m_pageStack->currentIndex(), DocumentName::label(path));
     }
     TRACE_LEAVE;
 }
 
 void Scrivara::showTitle(const QString &name, bool modified)
 {
-    setWindowTitle(m_title + QStringLiteral(" [") + name + QStringLiteral("]") +
-                   (modified ? QStringLiteral("*") : QString()));
+    setWindowTitle(DocumentName::windowTitle(m_title, name, modified));
 }

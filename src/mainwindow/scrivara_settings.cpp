@@ -2,19 +2,28 @@
 #include "mainwindow/scrivara.h"
 
 #include "app/eventlog.h"
+#include "app/setting.h"
 #include "widgets/fullscreendialog.h"
 #include "widgets/qtcolorpicker.h"
 #include "widgets/qttoolbarmanager.h"
 #include "widgets/viewmodedialog.h"
 
-#include <QSettings>
 #include <QToolBar>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace {
 
-/// Beyond what any desktop has, a stored size can only be damage.
-constexpr QSize largestWindow(16384, 16384);
+/// Beyond what any desktop has, a stored size or position can only be damage.
+constexpr int largestDesktop = 16384;
+constexpr QSize largestWindow(largestDesktop, largestDesktop);
+
+QPoint onDesktop(const QPoint &position)
+{
+    return {std::clamp(position.x(), -largestDesktop, largestDesktop),
+            std::clamp(position.y(), -largestDesktop, largestDesktop)};
+}
 
 } // namespace
 
@@ -22,17 +31,17 @@ void Scrivara::loadSettings()
 {
     TRACE_ENTER;
     const QSettings settings;
-    restoreState(settings.value(QStringLiteral("General/WindowState")).toByteArray(), 0);
-    m_toolBarManager->restoreState(settings.value(QStringLiteral("General/ToolBarsState")).toByteArray(), 0);
-    m_appLanguage = settings.value(QStringLiteral("Other/AppLanguage"), "default").toString();
+    restoreState(settingOr(settings, QStringLiteral("General/WindowState"), QByteArray()), 0);
+    m_toolBarManager->restoreState(settingOr(settings, QStringLiteral("General/ToolBarsState"), QByteArray()), 0);
+    m_appLanguage = settingOr(settings, QStringLiteral("Other/AppLanguage"), QStringLiteral("default"));
     // Unlike switchLanguage(): at start "default" is English, whatever the system speaks.
     const QString locale = m_appLanguage == QLatin1String("default") ? QStringLiteral("en") : m_appLanguage;
     loadTranslations(locale);
     (logTrace << " locale, " << locale.toLatin1().constData()).eol(0);
     m_lineColorPicker->setCurrentColor(
-        QColor(settings.value(QStringLiteral("General/PenColor"), "#0a0aa2").toString()));
-    m_fillColorPicker->setCurrentColor(QColor(settings.value(QStringLiteral("General/BrushColor")).toString()));
-    fullScreenMode(settings.value(QStringLiteral("Other/FullscreenAtStart"), false).toBool());
+        QColor(settingOr(settings, QStringLiteral("General/PenColor"), QStringLiteral("#0a0aa2"))));
+    m_fillColorPicker->setCurrentColor(QColor(settingOr(settings, QStringLiteral("General/BrushColor"), QString())));
+    fullScreenMode(settingOr(settings, QStringLiteral("Other/FullscreenAtStart"), false));
     TRACE_LEAVE;
 }
 
@@ -93,12 +102,11 @@ void Scrivara::showWindow()
 {
     const QWidgetList waiting = releaseMapping();
     const QSettings settings;
-    if (settings.value(QStringLiteral("General/WindowMaximized"), true).toBool()) {
+    if (settingOr(settings, QStringLiteral("General/WindowMaximized"), true)) {
         showMaximized();
     } else {
-        const QSize stored = settings.value(QStringLiteral("General/WindowSize"), QSize(1000, 800)).toSize();
-        resize(stored.boundedTo(largestWindow));
-        move(settings.value(QStringLiteral("General/WindowPosition"), QPoint(50, 50)).toPoint());
+        resize(settingOr(settings, QStringLiteral("General/WindowSize"), QSize(1000, 800)).boundedTo(largestWindow));
+        move(onDesktop(settingOr(settings, QStringLiteral("General/WindowPosition"), QPoint(50, 50))));
         showNormal();
     }
     // Each of the calls above leaves full screen, which the settings may have asked for before.

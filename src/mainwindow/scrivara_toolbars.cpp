@@ -3,6 +3,7 @@
 
 #include "app/eventlog.h"
 #include "mainwindow/actiontables.h"
+#include "mainwindow/zoomsteps.h"
 #include "widgets/qtcolorpicker.h"
 #include "widgets/qttoolbardialog.h"
 #include "widgets/qttoolbarmanager.h"
@@ -21,9 +22,6 @@ using Form = Ui_MainWindow;
 
 /// Stands for a separator among the actions of a bar.
 constexpr ActionTables::Member separator = nullptr;
-
-constexpr int zoomSteps = 8;        ///< 25% to 200%.
-constexpr int initialZoomIndex = 3; ///< 100%.
 
 } // namespace
 
@@ -101,9 +99,9 @@ void Scrivara::createViewToolBar()
     m_viewToolBar = createToolBar("ScvViewToolBar", tr("View"), Qt::TopToolBarArea);
     m_zoomBox = new QComboBox(this);
     m_zoomBox->setToolTip(tr("Actual Page Size"));
-    for (int step = 1; step <= zoomSteps; ++step)
-        m_zoomBox->addItem(QStringLiteral("%1%").arg(step * 25));
-    m_zoomBox->setCurrentIndex(initialZoomIndex);
+    for (int index = 0; index < ZoomSteps::count; ++index)
+        m_zoomBox->addItem(QStringLiteral("%1%").arg(ZoomSteps::percentOf(index)));
+    m_zoomBox->setCurrentIndex(ZoomSteps::ownSize);
     connect(m_zoomBox, &QComboBox::currentIndexChanged, this, &Scrivara::changeSize);
     addActions(m_viewToolBar, {&Form::actionZoomOut, &Form::actionZoomIn});
     m_viewToolBar->addWidget(m_zoomBox);

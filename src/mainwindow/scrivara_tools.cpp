@@ -2,6 +2,7 @@
 #include "mainwindow/scrivara.h"
 
 #include "app/eventlog.h"
+#include "app/setting.h"
 #include "documents/pageview.h"
 #include "mainwindow/actiontables.h"
 #include "mainwindow/processtools.h"
@@ -14,8 +15,6 @@
 #include "tools/shapetool.h"
 #include "tools/textboxtool.h"
 #include "widgets/qtcolorpicker.h"
-
-#include <QSettings>
 
 namespace {
 
@@ -38,7 +37,7 @@ template<std::size_t N> bool isIndexOf(const std::array<ActionTables::Member, N>
 void Scrivara::createTools()
 {
     TRACE_ENTER_ON(logInfo);
-    const QString penColor = QSettings().value(QStringLiteral("General/PenColor"), "#0a0aa2").toString();
+    const QString penColor = settingOr(QSettings(), QStringLiteral("General/PenColor"), QStringLiteral("#0a0aa2"));
     m_defaultPen = kept(new PenTool(QColor(penColor), 1, true));
     createPredefinedTools();
     m_eraser = kept(new EraserTool);
@@ -84,6 +83,20 @@ void Scrivara::selectTool(Tool *tool, QAction *action)
     m_previousToolAction = m_currentToolAction;
     m_currentTool = tool;
     m_currentToolAction = action;
+}
+
+/// Makes the tool with number @p id current; false, with the mode and the previous tool set all the same, if the family
+/// has none of that number.
+template<std::size_t N, typename T>
+bool Scrivara::selectFromFamily(const std::array<T *, N> &tools, const std::array<ActionMember, N> &actions, int id)
+{
+    m_previousToolAction = m_currentToolAction;
+    m_mode = ToolMode;
+    if (!isIndexOf(actions, id))
+        return false;
+    m_currentTool = tools[static_cast<std::size_t>(id)];
+    m_currentToolAction = this->*actions[static_cast<std::size_t>(id)];
+    return true;
 }
 
 void Scrivara::setTextMode(bool text)
@@ -174,13 +187,7 @@ void Scrivara::useLine(int styleId)
 {
     TRACE_ENTER;
     (logTrace << "Use line, style Id: " << static_cast<double>(styleId)).eol(0);
-    m_previousToolAction = m_currentToolAction;
-    m_mode = ToolMode;
-    if (isIndexOf(ActionTables::lines, styleId)) {
-        const auto id = static_cast<std::size_t>(styleId);
-        m_currentTool = m_lineTools[id];
-        m_currentToolAction = this->*ActionTables::lines[id];
-    }
+    selectFromFamily(m_lineTools, ActionTables::lines, styleId);
     applyToolColors(false);
     TRACE_LEAVE;
 }
@@ -191,9 +198,7 @@ void Scrivara::useBracket(int styleId)
         return;
     TRACE_ENTER;
     (logTrace << "Use bracket, Id: " << static_cast<double>(styleId)).eol(0);
-    const auto id = static_cast<std::size_t>(styleId);
-    selectTool(m_bracketTools[id], this->*ActionTables::brackets[id]);
-    m_mode = ToolMode;
+    selectFromFamily(m_bracketTools, ActionTables::brackets, styleId);
     applyToolColors(false);
     TRACE_LEAVE;
 }
@@ -202,13 +207,7 @@ void Scrivara::useShape(int styleId)
 {
     TRACE_ENTER;
     (logTrace << "Using shape, id: " << static_cast<double>(styleId)).eol(0);
-    m_previousToolAction = m_currentToolAction;
-    m_mode = ToolMode;
-    if (isIndexOf(ActionTables::shapes, styleId)) {
-        const auto id = static_cast<std::size_t>(styleId);
-        m_currentTool = m_shapeTools[id];
-        m_currentToolAction = this->*ActionTables::shapes[id];
-    }
+    selectFromFamily(m_shapeTools, ActionTables::shapes, styleId);
     applyToolColors(true);
     TRACE_LEAVE;
 }
@@ -228,14 +227,9 @@ void Scrivara::usePredefinedTool(int toolId)
 {
     TRACE_ENTER;
     (logTrace << "Use predefined tool, Id: " << static_cast<double>(toolId)).eol(0);
-    m_previousToolAction = m_currentToolAction;
-    m_mode = ToolMode;
-    if (isIndexOf(ActionTables::predefinedTools, toolId)) {
-        const auto id = static_cast<std::size_t>(toolId);
-        m_currentTool = m_predefinedTools[id];
-        m_currentToolAction = this->*ActionTables::predefinedTools[id];
+    if (selectFromFamily(m_predefinedTools, ActionTables::predefinedTools, toolId)) {
         // The picker shows the colour in use.
-        m_lineColorPicker->setCurrentColor(m_predefinedTools[id]->pen().color());
+        m_lineColorPicker->setCurrentColor(m_predefinedTools[static_cast<std::size_t>(toolId)]->pen().color());
     }
     showToolCursor();
     TRACE_LEAVE;

@@ -6,29 +6,13 @@
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
 #include "mainwindow/actiontables.h"
+#include "mainwindow/zoomsteps.h"
 #include "widgets/dontdialog.h"
 #include "widgets/fullscreendialog.h"
 #include "widgets/viewmodedialog.h"
 
 #include <QComboBox>
 #include <QToolBar>
-
-namespace {
-
-constexpr int zoomStep = 25;     ///< Percent between two entries of the zoom box.
-constexpr int largestZoom = 200; ///< Percent of the last entry.
-
-int zoomPercent(int index)
-{
-    return (index + 1) * zoomStep;
-}
-
-bool isZoomPercent(int percent)
-{
-    return percent > 0 && percent <= largestZoom;
-}
-
-} // namespace
 
 /// Which bars are on show.
 struct WindowLayout
@@ -183,28 +167,30 @@ bool Scrivara::isFullScreen() const
     return m_fullScreen;
 }
 
+/// Moves the zoom box, which sets the size of the view, unless it is at its end.
+void Scrivara::stepZoom(int steps)
+{
+    const int index = m_zoomBox->currentIndex() + steps;
+    if (ZoomSteps::contains(index))
+        m_zoomBox->setCurrentIndex(index);
+}
+
 void Scrivara::zoomIn()
 {
-    const PageView *view = currentView();
-    if (view == nullptr)
+    if (currentView() == nullptr)
         return;
     TRACE_ENTER;
     (logTrace << "Zoom-in").eol(0);
-    const int index = m_zoomBox->currentIndex() + 1;
-    if (index < m_zoomBox->count())
-        m_zoomBox->setCurrentIndex(index);
+    stepZoom(1);
     TRACE_LEAVE;
 }
 
 void Scrivara::zoomOut()
 {
-    const PageView *view = currentView();
-    if (view == nullptr)
+    if (currentView() == nullptr)
         return;
     TRACE_ENTER;
-    const int index = m_zoomBox->currentIndex() - 1;
-    if (isZoomPercent(zoomPercent(index)))
-        m_zoomBox->setCurrentIndex(index);
+    stepZoom(-1);
     TRACE_LEAVE;
 }
 
@@ -214,9 +200,9 @@ void Scrivara::changeSize()
     if (view == nullptr)
         return;
     TRACE_ENTER;
-    const int percent = zoomPercent(m_zoomBox->currentIndex());
-    if (isZoomPercent(percent))
-        view->setZoom(percent);
+    const int index = m_zoomBox->currentIndex();
+    if (ZoomSteps::contains(index))
+        view->setZoom(ZoomSteps::percentOf(index));
     TRACE_LEAVE;
 }
 

@@ -2,6 +2,7 @@
 #include "persistence/iosystem.h"
 
 #include "app/eventlog.h"
+#include "documents/documentname.h"
 #include "documents/page.h"
 #include "documents/warningbox.h"
 #include "persistence/lineends.h"
@@ -15,11 +16,6 @@
 #include <QImageWriter>
 
 namespace {
-
-bool isOxn(const QString &fileName)
-{
-    return QFileInfo(fileName).suffix().compare(QLatin1String("oxn"), Qt::CaseInsensitive) == 0;
-}
 
 bool isAmong(const QList<QByteArray> &formats, const QString &fileName)
 {
@@ -55,7 +51,7 @@ bool IoSystem::load(Page *page, const QString &fileName)
 {
     if (!page)
         return false;
-    if (isOxn(fileName))
+    if (DocumentName::isAnnotatedFile(fileName))
         return loadOxn(page, fileName);
     if (isAmong(QImageReader::supportedImageFormats(), fileName))
         return loadImage(page, fileName);
@@ -70,7 +66,7 @@ bool IoSystem::save(Page *page, const QString &fileName)
         (logTrace << "Picture format cannot be written").eol(0);
         return false;
     }
-    if (isOxn(fileName))
+    if (DocumentName::isAnnotatedFile(fileName))
         return saveOxn(page, fileName);
     if (isAmong(QImageWriter::supportedImageFormats(), fileName))
         return saveImage(page, fileName);

@@ -2,10 +2,9 @@
 #include "tools/markertool.h"
 
 #include "annotations/markerline.h"
+#include "app/setting.h"
 #include "tools/cursorpicture.h"
 #include "tools/toolsettings.h"
-
-#include <QSettings>
 
 #include <algorithm>
 
@@ -21,8 +20,8 @@ void MarkerTool::readSettings()
     const QSettings settings;
     applyLook(ToolSettings::lineWidth(settings, QStringLiteral("MarkerTool/LineWidth"), 14),
               ToolSettings::alpha(settings, QStringLiteral("MarkerTool/Transparency"), 60));
-    setAntialiasing(settings.value(QStringLiteral("MarkerTool/Antialiasing"), true).toBool());
-    setSmoothing(settings.value(QStringLiteral("MarkerTool/Smoothing"), false).toBool());
+    setAntialiasing(settingOr(settings, QStringLiteral("MarkerTool/Antialiasing"), true));
+    setSmoothing(settingOr(settings, QStringLiteral("MarkerTool/Smoothing"), false));
 }
 
 QCursor MarkerTool::makeCursor()

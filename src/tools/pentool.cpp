@@ -3,10 +3,9 @@
 
 #include "annotations/penline.h"
 #include "app/eventlog.h"
+#include "app/setting.h"
 #include "tools/cursorpicture.h"
 #include "tools/toolsettings.h"
-
-#include <QSettings>
 
 PenTool::PenTool(const QColor &color, int width, bool followsSettings)
     : StrokeTool({100.0, 3, "PenTool pressed", "PenTool released"}, followsSettings)
@@ -22,8 +21,8 @@ void PenTool::readSettings()
     const QSettings settings;
     applyLook(ToolSettings::lineWidth(settings, QStringLiteral("PenTool/LineWidth"), 0),
               ToolSettings::alpha(settings, QStringLiteral("PenTool/Transparency"), 60));
-    setAntialiasing(settings.value(QStringLiteral("PenTool/Antialiasing"), true).toBool());
-    setSmoothing(settings.value(QStringLiteral("PenTool/Smoothing"), false).toBool());
+    setAntialiasing(settingOr(settings, QStringLiteral("PenTool/Antialiasing"), true));
+    setSmoothing(settingOr(settings, QStringLiteral("PenTool/Smoothing"), false));
 }
 
 QCursor PenTool::makeCursor()

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/screenshottool.h"
 
+#include "app/setting.h"
 #include "tools/cursorpicture.h"
-
-#include <QSettings>
 
 ScreenShotTool::ScreenShotTool(ToolHost *host) : Tool(true), m_host(host) {}
 
 void ScreenShotTool::readSettings()
 {
     const QSettings settings;
-    m_toClipboard = settings.value(QStringLiteral("ScreenshotTool/SaveViewToClipboard"), true).toBool();
-    m_toFile = settings.value(QStringLiteral("ScreenshotTool/SaveViewToFile"), false).toBool();
-    m_byEmail = settings.value(QStringLiteral("ScreenshotTool/SendViewViaEmail"), false).toBool();
-    m_useOnce = settings.value(QStringLiteral("ScreenshotTool/UseOnce"), true).toBool();
+    m_toClipboard = settingOr(settings, QStringLiteral("ScreenshotTool/SaveViewToClipboard"), true);
+    m_toFile = settingOr(settings, QStringLiteral("ScreenshotTool/SaveViewToFile"), false);
+    m_byEmail = settingOr(settings, QStringLiteral("ScreenshotTool/SendViewViaEmail"), false);
+    m_useOnce = settingOr(settings, QStringLiteral("ScreenshotTool/UseOnce"), true);
 }
 
 QCursor ScreenShotTool::makeCursor()

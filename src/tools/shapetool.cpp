@@ -4,12 +4,12 @@
 #include "annotations/ellipseann.h"
 #include "annotations/markitem.h"
 #include "annotations/rectangleann.h"
+#include "app/setting.h"
 #include "tools/cursorpicture.h"
 #include "tools/penstyles.h"
 #include "tools/toolsettings.h"
 
 #include <QAbstractGraphicsShapeItem>
-#include <QSettings>
 
 #include <algorithm>
 #include <cmath>
@@ -33,10 +33,10 @@ void ShapeTool::readSettings()
     QPen look = pen();
     look.setWidth(ToolSettings::lineWidth(settings, QStringLiteral("ShapeTool/LineWidth"), 1));
     look.setStyle(PenStyles::fromHyphenatedName(
-        settings.value(QStringLiteral("ShapeTool/LineStyle"), QStringLiteral("Solid")).toString(), look.style()));
+        settingOr(settings, QStringLiteral("ShapeTool/LineStyle"), QStringLiteral("Solid")), look.style()));
     setPen(look);
     setBrushAlpha(ToolSettings::alpha(settings, QStringLiteral("ShapeTool/Transparency"), 60));
-    setAntialiasing(settings.value(QStringLiteral("ShapeTool/Antialiasing"), true).toBool());
+    setAntialiasing(settingOr(settings, QStringLiteral("ShapeTool/Antialiasing"), true));
 }
 
 QCursor ShapeTool::makeCursor()

@@ -2,19 +2,18 @@
 #include "tools/straightlinetool.h"
 
 #include "annotations/straightann.h"
+#include "app/setting.h"
 #include "tools/toolsettings.h"
-
-#include <QSettings>
 
 void StraightLineTool::readSettings()
 {
     const QSettings settings;
     QPen look = pen();
     look.setWidth(ToolSettings::lineWidth(settings, QStringLiteral("LineTool/LineWidth"), 0));
-    look.setStyle(penStyle(settings.value(QStringLiteral("LineTool/LineStyle"), QStringLiteral("Solid")).toString(),
-                           look.style()));
+    look.setStyle(
+        penStyle(settingOr(settings, QStringLiteral("LineTool/LineStyle"), QStringLiteral("Solid")), look.style()));
     setPen(look);
-    setAntialiasing(settings.value(QStringLiteral("LineTool/Antialiasing"), true).toBool());
+    setAntialiasing(settingOr(settings, QStringLiteral("LineTool/Antialiasing"), true));
 }
 
 void StraightLineTool::stretch(const QPointF &from, const QPointF &to)

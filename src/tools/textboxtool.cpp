@@ -4,13 +4,13 @@
 #include "annotations/markitem.h"
 #include "annotations/textboxann.h"
 #include "app/eventlog.h"
+#include "app/setting.h"
 #include "documents/page.h"
 #include "documents/pageview.h"
 #include "tools/toolhost.h"
 
 #include <QGraphicsSceneMouseEvent>
 #include <QPixmap>
-#include <QSettings>
 
 TextBoxTool::TextBoxTool(ToolHost *host, bool followsSettings)
     : DrawingTool(followsSettings), m_host(host), m_font(QStringLiteral("Courier"), 10)
@@ -26,10 +26,10 @@ void TextBoxTool::updateSettings()
 void TextBoxTool::readSettings()
 {
     const QSettings settings;
-    m_useOnce = settings.value(QStringLiteral("TextBoxTool/UseOnce"), false).toBool();
+    m_useOnce = settingOr(settings, QStringLiteral("TextBoxTool/UseOnce"), false);
     const QString family =
-        settings.value(QStringLiteral("TextBoxTool/DefaultFontFamily"), QStringLiteral("Courier")).toString();
-    const int size = settings.value(QStringLiteral("TextBoxTool/DefaultFontSize"), 10).toInt();
+        settingOr(settings, QStringLiteral("TextBoxTool/DefaultFontFamily"), QStringLiteral("Courier"));
+    const int size = fontSizeSetting(settings, QStringLiteral("TextBoxTool/DefaultFontSize"), 10);
     m_font = QFont(family, size, -1, false);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/toolsettings.h"
 
-#include <QSettings>
+#include "app/setting.h"
 
 #include <algorithm>
 
@@ -10,12 +10,12 @@ namespace ToolSettings {
 int lineWidth(const QSettings &settings, const QString &key, int defaultWidth)
 {
     constexpr int widest = 1000;
-    return std::clamp(settings.value(key, defaultWidth).toInt(), 0, widest);
+    return std::clamp(settingOr(settings, key, defaultWidth), 0, widest);
 }
 
 int alpha(const QSettings &settings, const QString &key, int defaultTransparency)
 {
-    return alphaOfTransparency(settings.value(key, defaultTransparency).toInt());
+    return alphaOfTransparency(settingOr(settings, key, defaultTransparency));
 }
 
 int alphaOfTransparency(int transparency)

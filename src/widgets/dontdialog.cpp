@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/dontdialog.h"
 
+#include "app/setting.h"
 #include "ui_dontdialog.h"
 #include "widgets/lightscrollbars.h"
 
 #include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
-#include <QSettings>
 
 namespace {
 
@@ -50,9 +50,9 @@ DontDialog::~DontDialog() = default;
 int DontDialog::exec()
 {
     const QSettings settings;
-    if (settings.value(m_key, QStringLiteral("true")).toBool())
+    if (settingOr(settings, m_key, true))
         return QDialog::exec();
-    return settings.value(answerKey(m_key), QStringLiteral("true")).toBool() ? 1 : 0;
+    return settingOr(settings, answerKey(m_key), true) ? 1 : 0;
 }
 
 void DontDialog::changeEvent(QEvent *event)

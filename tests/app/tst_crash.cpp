@@ -86,6 +86,7 @@ private slots:
     void letsGoOfTheDisplay();
     void unusableDumpFile_data();
     void unusableDumpFile();
+    void boxSpeaksTheLanguageOfTheWindow_data();
     void boxSpeaksTheLanguageOfTheWindow();
     void afterMainNothingIsRecorded();
     void helperWantsTwoTexts_data();
@@ -278,11 +279,19 @@ void TestCrash::unusableDumpFile()
     QVERIFY(QFile::exists(child.path("box")));
 }
 
+void TestCrash::boxSpeaksTheLanguageOfTheWindow_data()
+{
+    QTest::addColumn<QStringList>("operations");
+    QTest::newRow("known before") << QStringList{"translate", "follow"};
+    QTest::newRow("changed later") << QStringList{"follow", "translate"};
+}
+
 void TestCrash::boxSpeaksTheLanguageOfTheWindow()
 {
+    QFETCH(const QStringList, operations);
     ChildProcess child;
     QVERIFY(child.replaceCrashBox(noteTaker));
-    child.run({"hook=60", "open", "application", "translate", "fault=null"});
+    child.run(QStringList{"hook=60", "open", "application"} + operations + QStringList{"fault=null"});
     QCOMPARE(child.endedBy(), SIGSEGV);
     QCOMPARE(child.read("box"), "2|<" + crashTitle + ">|<" + crashText + ">|");
 }

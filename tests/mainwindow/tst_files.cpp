@@ -14,6 +14,7 @@
 #include <QSettings>
 #include <QTest>
 #include <QTextDocument>
+#include <QWindow>
 
 namespace {
 
@@ -90,7 +91,8 @@ private slots:
     void emptyPathIsIgnored();
     void titleRule();
     void titleFollowsTheTab();
-    void titleOfOddNames();
+    void oddNames_data();
+    void oddNames();
     void openedDocumentIsReady();
     void newViewHasTheToolsCursor();
     void saveWithoutStack();
@@ -391,7 +393,7 @@ void TestFileCommands::recentLimit_data()
     QTest::newRow("none") << QVariant(0) << 0;
     QTest::newRow("negative") << QVariant(-3) << 0;
     QTest::newRow("huge") << QVariant(2000000000) << 99;
-    QTest::newRow("no number") << QVariant(QStringLiteral("many")) << 0;
+    QTest::newRow("no number") << QVariant(QStringLiteral("many")) << 5;
     QTest::newRow("as text") << QVariant(QStringLiteral("7")) << 7;
 }
 
@@ -499,16 +501,48 @@ void TestFileCommands::titleFollowsTheTab()
     window.forgetChanges();
 }
 
-void TestFileCommands::titleOfOddNames()
+void TestFileCommands::oddNames_data()
 {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("label");
+    const auto add = [](const char *title, const char *name, const char *label) {
+        QTest::newRow(title) << QString::fromUtf8(name) << QString::fromUtf8(label);
+    };
+    add("percent", "100%1 %2.txt", "100%1 %2.txt");
+    add("ampersand", "R&D.txt", "R&&D.txt");
+    add("shortcut of a tool", "&Sketch && &more.txt", "&&Sketch &&&& &&more.txt");
+    add("quotes", "a \"quoted\" 'name'.txt", "a \"quoted\" 'name'.txt");
+    add("other letters", "zażółć 日本.txt", "zażółć 日本.txt");
+    add("line break", "line\nbreak.txt", "line break.txt");
+    add("tab", "one\ttwo.txt", "one two.txt");
+    add("brackets", "[x].txt", "[x].txt");
+    add("sign of a modified document", "a[*]b.txt", "a[*]b.txt");
+    add("star", "*", "*");
+    add("two signs", "[*][*].txt", "[*][*].txt");
+    add("markup", "<b>bold<i>.txt", "<b>bold<i>.txt");
+    add("trailing blank", "blank.txt ", "blank.txt ");
+}
+
+/// The whole name in the title, and in tab and recent list what shows the name.
+void TestFileCommands::oddNames()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QString, label);
     const TestFiles files;
-    for (const char *name : {"100%1 &Co.txt", "a \"quoted\" 'name'.txt", "zażółć.txt", "line\nbreak.txt", "[x].txt"}) {
-        const QString path = files.write(QString::fromUtf8(name));
-        const WindowProbe window({path});
-        QCOMPARE(window->windowTitle(), titleOf(path));
-        QCOMPARE(window.stack()->tabText(0), QString::fromUtf8(name));
-        QCOMPARE(recentPaths(window).first(), path);
-    }
+    const QString path = files.write(name);
+    WindowProbe window({path});
+    window->showWindow();
+    QCOMPARE(window.page()->fileName(), path);
+    QCOMPARE(window.stack()->tabText(0), label);
+    QCOMPARE(recentPaths(window), QStringList{path});
+    QCOMPARE(window.recentActions().first()->text(), "&1 " + label);
+    // As the window system shows it.
+    QCOMPARE(window->windowHandle()->title(), titleOf(path));
+    window.page()->setModified(true);
+    window->tabChanged();
+    QCOMPARE(window->windowHandle()->title(), titleOf(path) + '*');
+    QVERIFY(window->saveFile());
+    QCOMPARE(window->windowHandle()->title(), titleOf(path));
 }
 
 void TestFileCommands::openedDocumentIsReady()

@@ -141,7 +141,6 @@ void TestWindowSettings::oddColors_data()
     QTest::newRow("no colour") << QVariant("no colour at all") << QColor(Qt::black);
     QTest::newRow("empty") << QVariant("") << QColor(Qt::black);
     QTest::newRow("number") << QVariant(17) << QColor(Qt::black);
-    QTest::newRow("list") << QVariant(QStringList{"#ff0000", "#00ff00"}) << QColor(Qt::black);
 }
 
 void TestWindowSettings::oddColors()

@@ -1,279 +1,363 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainwindow/settingskeys.h"
 #include "support/testmain.h"
 
 #include <QDirIterator>
 #include <QFile>
-#include <QHash>
 #include <QRegularExpression>
+#include <QSet>
 #include <QTest>
 
 namespace {
 
-/// One key of the settings store. The dialog in settings/ may use every key and is not named here.
-struct Key
+struct Source
 {
-    const char *name;
-    const char *type;         ///< As the reader converts it: "bool" is toBool().
-    const char *defaultValue; ///< As it stands in the code; empty for a key without one.
-    const char *users;        ///< Folders of src/ whose code may name the key.
+    QString name; ///< "mainwindow/scrivara.cpp"
+    QString text; ///< Without comments and include lines.
 };
 
-/// A key that its caller hands on to a reader elsewhere, which has the default.
-constexpr char handedOn[] = "handed on";
+/// A call that takes a key of the store.
+struct KeyCall
+{
+    QString file;
+    QString function;     ///< Or the class whose constructor takes the key.
+    QString key;          ///< The argument as it stands in the code, a literal without its QStringLiteral.
+    QString defaultValue; ///< The argument behind the key, in the same form; empty if there is none.
 
-constexpr Key keys[]{
-    {"General/WindowMaximized", "Bool", "true", "mainwindow"},
-    {"General/WindowPosition", "Point", "QPoint(50, 50)", "mainwindow"},
-    {"General/WindowSize", "Size", "QSize(1000, 800)", "mainwindow"},
-    {"General/WindowState", "ByteArray", "", "mainwindow"},
-    {"General/ToolBarsState", "ByteArray", "", "mainwindow"},
-    {"General/PenColor", "String", "\"#0a0aa2\"", "mainwindow"},
-    {"General/BrushColor", "String", "", "mainwindow"},
-    {"General/RecentFileList", "StringList", "", "mainwindow"},
-    {"General/EmailClient", "String", "\"(empty)\"", "mainwindow"},
-    {"General/AttachFileByDefault", "Bool", "false", "mainwindow"},
-    {"General/AttachmentFormat", "String", "\"OXN\"", "mainwindow"},
-    {"General/AttachmentFormat", "String", "\"PNG\"", "tools"},
-    {"Other/AppLanguage", "String", "\"default\"", "mainwindow"},
-    {"Other/FullscreenAtStart", "Bool", "false", "mainwindow"},
-    {"Other/ExportToPdfFile", "Bool", "true", "mainwindow"},
-    {"Other/MaxRecentFiles", "Int", "5", "mainwindow"},
-    {"Other/SynchAnnotations", "Bool", "true", "documents"},
-    {"Other/TabsPosition", "String", "\"Right\"", "mainwindow"},
-    {"PageView/DefaultTextColor", "String", "\"black\"", "mainwindow"},
-    {"PageView/DefaultBgColor", "String", "\"white\"", "mainwindow"},
-    {"PageView/ShowLineNumbers", "Bool", "true", "mainwindow"},
-    {"PageView/DefaultFontFamily", "String", "\"Courier\"", "documents"},
-    {"PageView/DefaultFontSize", "Int", "10", "documents"},
-    {"Syntax/HighlightByDefault", "Bool", "true", "mainwindow documents"},
-    {"Printing/PrintHeader", "Bool", "true", "documents"},
-    {"Printing/PrintFileName", "Bool", "true", "documents"},
-    {"Printing/PrintDate", "Bool", "true", "documents"},
-    {"Printing/PrintPageNumbers", "Bool", "true", "documents"},
-    {"Printing/PrintLineNumbers", "Bool", "true", "documents"},
-    {"Printing/PrintAnnotations", "Bool", "true", "documents"},
-    {"PenTool/LineWidth", "Int", "0", "tools"},
-    {"PenTool/Transparency", "Int", "60", "tools"},
-    {"PenTool/Antialiasing", "Bool", "true", "tools"},
-    {"PenTool/Smoothing", "Bool", "false", "tools"},
-    {"PenTool/DrawSelection", "Bool", handedOn, "annotations"},
-    {"MarkerTool/LineWidth", "Int", "14", "tools"},
-    {"MarkerTool/Transparency", "Int", "60", "tools"},
-    {"MarkerTool/Antialiasing", "Bool", "true", "tools"},
-    {"MarkerTool/Smoothing", "Bool", "false", "tools"},
-    {"MarkerTool/ShowSelection", "Bool", handedOn, "annotations"},
-    {"TextBoxTool/UseOnce", "Bool", "false", "tools"},
-    {"TextBoxTool/DefaultFontFamily", "String", "\"Courier\"", "tools"},
-    {"TextBoxTool/DefaultFontSize", "Int", "10", "tools"},
-    {"LineTool/LineWidth", "Int", "0", "tools"},
-    {"LineTool/LineStyle", "String", "\"Solid\"", "tools"},
-    {"LineTool/Antialiasing", "Bool", "true", "tools"},
-    {"LineTool/ShowSelection", "Bool", handedOn, "annotations"},
-    {"ShapeTool/LineWidth", "Int", "1", "tools"},
-    {"ShapeTool/LineStyle", "String", "\"Solid\"", "tools"},
-    {"ShapeTool/Transparency", "Int", "60", "tools"},
-    {"ShapeTool/Antialiasing", "Bool", "true", "tools"},
-    {"ScreenshotTool/SaveViewToClipboard", "Bool", "true", "tools"},
-    {"ScreenshotTool/SaveViewToFile", "Bool", "false", "tools"},
-    {"ScreenshotTool/SendViewViaEmail", "Bool", "false", "tools"},
-    {"ScreenshotTool/UseOnce", "Bool", "true", "tools"},
-    {"General/WarnRemoveAllAnnotations", "Bool", handedOn, "mainwindow"},
-    {"ScreenshotTool/InfoViewInClipboard", "Bool", handedOn, "tools"},
+    bool namesTheKey() const { return key.startsWith('"'); }
+    QString described() const { return QStringLiteral("src/%1: %2(%3, %4)").arg(file, function, key, defaultValue); }
 };
 
-/// Where the code names a key, and how.
-struct Use
+/// The functions that take keys, and the place of the key among their arguments.
+const QHash<QString, int> &keyArguments()
 {
-    QString place; ///< "mainwindow/scrivara.cpp:12"
-    QString folder;
-    QString key;
-    QString function;     ///< What the key is the argument of: "value", "setValue", a reader of ours, ...
-    QString defaultValue; ///< The argument behind the key, without its QStringLiteral; empty if there is none.
-    QString conversion;   ///< "Bool" of "toBool()" behind the call; empty if there is none.
-};
-
-/// End of the argument that starts at @p from: the place of its comma or closing bracket.
-qsizetype argumentEnd(const QString &text, qsizetype from)
-{
-    int depth = 0;
-    for (qsizetype i = from; i < text.size(); ++i) {
-        const QChar c = text.at(i);
-        if (c == '(')
-            ++depth;
-        else if (depth == 0 && (c == ',' || c == ')' || c == ';'))
-            return i;
-        else if (c == ')')
-            --depth;
-    }
-    return text.size();
+    static const QHash<QString, int> functions{
+        {"settingOr", 1}, {"fontSizeSetting", 1}, {"lineWidth", 1},  {"alpha", 1},
+        {"setValue", 0},  {"drawSelection", 3},   {"DontDialog", 3},
+    };
+    return functions;
 }
 
-QString bare(QString argument)
+QList<Source> sources()
 {
-    static const QRegularExpression wrapper(QStringLiteral("^QStringLiteral\\((\".*\")\\)$"));
-    return argument.simplified().replace(wrapper, QStringLiteral("\\1"));
-}
-
-Use useAt(const QString &text, const QRegularExpressionMatch &match)
-{
-    static const QRegularExpression call(QStringLiteral("(\\w+)\\((?:\\w+, )?(?:QStringLiteral\\()?$"));
-    static const QRegularExpression conversion(QStringLiteral("^\\)\\s*\\.to(\\w+)\\("));
-    Use use;
-    use.key = match.captured(1);
-    const QString before = text.left(match.capturedStart()).right(120).simplified();
-    use.function = call.match(before).captured(1);
-    qsizetype end = match.capturedEnd();
-    if (before.endsWith(QLatin1String("QStringLiteral(")))
-        ++end;
-    if (text.mid(end, 1) == QLatin1String(",")) {
-        const qsizetype close = argumentEnd(text, end + 1);
-        use.defaultValue = bare(text.mid(end + 1, close - end - 1));
-        end = close;
-    }
-    use.conversion = conversion.match(text.mid(end, 40)).captured(1);
-    return use;
-}
-
-QList<Use> usesInTheCode()
-{
-    static const QRegularExpression literal(QStringLiteral("\"([A-Z][A-Za-z]+/[A-Z][A-Za-z]+)\""));
-    QList<Use> uses;
+    static const QRegularExpression ignored(QStringLiteral("^\\s*//.*$|^\\s*#\\s*include.*$"),
+                                            QRegularExpression::MultilineOption);
+    QList<Source> found;
     const QDir root(QStringLiteral(KESTRIN_SOURCE_DIR "/src"));
     QDirIterator it(root.path(), {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         QFile file(it.next());
         if (!file.open(QIODevice::ReadOnly))
-            continue;
-        const QString text = QString::fromUtf8(file.readAll());
-        const QString relative = root.relativeFilePath(file.fileName());
-        auto matches = literal.globalMatch(text);
-        while (matches.hasNext()) {
-            const auto match = matches.next();
-            Use use = useAt(text, match);
-            use.place = QStringLiteral("src/%1:%2").arg(relative).arg(text.left(match.capturedStart()).count('\n') + 1);
-            use.folder = relative.section('/', 0, 0);
-            uses.append(use);
-        }
+            qFatal("cannot read %s", qPrintable(file.fileName()));
+        found.append({root.relativeFilePath(file.fileName()), QString::fromUtf8(file.readAll()).remove(ignored)});
     }
-    return uses;
+    return found;
 }
 
-const Key *keyFor(const Use &use)
+QString folderOf(const QString &file)
 {
-    for (const Key &key : keys) {
-        const bool here =
-            use.folder == QLatin1String("settings") || QString::fromLatin1(key.users).split(' ').contains(use.folder);
-        if (use.key == QLatin1String(key.name) && here)
-            return &key;
-    }
-    return nullptr;
+    return file.section('/', 0, 0);
 }
 
-/// What is wrong with a use of @p key; empty if nothing is.
-QString complaint(const Use &use, const Key &key)
+bool hasWord(const char *list, const QString &word)
 {
-    if (use.function == QLatin1String("setValue"))
-        return {};
-    if (qstrcmp(key.defaultValue, handedOn) == 0)
-        return use.function == QLatin1String("value") ? QStringLiteral("is read directly") : QString();
-    if (use.defaultValue != QLatin1String(key.defaultValue))
-        return QStringLiteral("has the default %1 instead of %2")
-            .arg(use.defaultValue, QLatin1String(key.defaultValue));
-    // Readers of our own in tools/toolsettings.h give integers.
-    const bool ownReader = use.function == QLatin1String("lineWidth") || use.function == QLatin1String("alpha");
-    const QString type = ownReader ? QStringLiteral("Int") : use.conversion;
-    if (type != QLatin1String(key.type))
-        return QStringLiteral("is read as %1 instead of %2").arg(type, QLatin1String(key.type));
+    return QString::fromLatin1(list).split(' ').contains(word);
+}
+
+/// The arguments of a call, from behind its opening bracket to the closing one. Brackets and commas in texts do not
+/// count; a text stands without its QStringLiteral.
+QStringList argumentsAt(const QString &text, qsizetype from)
+{
+    static const QRegularExpression wrapper(QStringLiteral("^(?:QStringLiteral|QLatin1String)\\((\".*\")\\)$"));
+    QStringList arguments{QString()};
+    int depth = 0;
+    bool quoted = false;
+    for (qsizetype i = from; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c == '"' && text.at(i - 1) != '\\')
+            quoted = !quoted;
+        if (!quoted && c == ')' && depth-- == 0)
+            break;
+        if (!quoted && c == '(')
+            ++depth;
+        if (!quoted && c == ',' && depth == 0)
+            arguments.append(QString());
+        else
+            arguments.last() += c;
+    }
+    for (QString &argument : arguments)
+        argument = argument.simplified().replace(wrapper, QStringLiteral("\\1"));
+    return arguments;
+}
+
+QList<KeyCall> callsIn(const Source &source)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("\\b(?:(DontDialog) \\w+|(%1))\\(").arg(keyArguments().keys().join('|')));
+    QList<KeyCall> calls;
+    auto matches = pattern.globalMatch(source.text);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        const QString function = match.captured(1) + match.captured(2);
+        const QStringList arguments = argumentsAt(source.text, match.capturedEnd());
+        const int place = keyArguments().value(function);
+        // A parameter list is no call, and other classes have functions of these names with fewer arguments.
+        const bool isCall = arguments.size() > std::max(place, 1) && !arguments.at(place).startsWith("const ");
+        if (isCall)
+            calls.append({source.name, function, arguments.at(place), arguments.value(place + 1)});
+    }
+    return calls;
+}
+
+QList<KeyCall> allCalls()
+{
+    QList<KeyCall> calls;
+    for (const Source &source : sources())
+        calls += callsIn(source);
+    return calls;
+}
+
+/// Texts that look like a key or a part of one, each behind the name of its file.
+QList<std::pair<QString, QString>> keyLikeTexts(const QList<Source> &all)
+{
+    static const QRegularExpression literal(QStringLiteral("\"([\\w.-]+/[\\w.-]*|[\\w.-]*/[\\w.-]+)\""));
+    QList<std::pair<QString, QString>> texts;
+    for (const Source &source : all) {
+        auto matches = literal.globalMatch(source.text);
+        while (matches.hasNext())
+            texts.append({source.name, matches.next().captured(1)});
+    }
+    return texts;
+}
+
+bool isKeyFor(const QString &text, const QString &file)
+{
+    const auto fits = [&](const SettingsKey &key) {
+        return text == QLatin1String(key.name) &&
+               (hasWord(key.readers, folderOf(file)) || hasWord(key.writers, folderOf(file)));
+    };
+    return std::any_of(settingsKeys().begin(), settingsKeys().end(), fits);
+}
+
+/// What a row of the table has to say against a call that names a key; empty if nothing.
+QString objection(const KeyCall &call, const SettingsKey &key)
+{
+    if (call.function == QLatin1String("setValue"))
+        return hasWord(key.writers, folderOf(call.file)) ? QString() : QStringLiteral("not written there");
+    if (!hasWord(key.readers, folderOf(call.file)))
+        return QStringLiteral("not read there");
+    if (call.function != QLatin1String(key.call))
+        return QStringLiteral("to be read by %1").arg(QLatin1String(key.call));
+    // Who hands a key on leaves the default to the receiver.
+    const bool handedOn =
+        call.function == QLatin1String("drawSelection") || call.function == QLatin1String("DontDialog");
+    if (!handedOn && call.defaultValue != QLatin1String(key.defaultValue))
+        return QStringLiteral("the default is %1").arg(QLatin1String(key.defaultValue));
     return {};
+}
+
+QString objection(const KeyCall &call)
+{
+    QString found = QStringLiteral("no key of the store");
+    for (const SettingsKey &key : settingsKeys()) {
+        if (call.key != '"' + QLatin1String(key.name) + '"')
+            continue;
+        found = objection(call, key);
+        if (found.isEmpty())
+            break;
+    }
+    return found;
 }
 
 } // namespace
 
+/// Holds what the code says of the settings store against the table of its keys.
 class TestSettingsKeys : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void everyUseIsInTheTable();
-    void everyReaderHasTheDefault();
-    void noKeyIsPutTogether();
-    void theScannerSees();
+    void everyTextLikeAKeyIsOne();
+    void everyCallIsRight();
+    void everyKeyIsUsed();
+    void everyKeyIsWritten();
+    void keysHandedOnMeetTheRightDefault();
+    void theStoreIsReadThroughOneFunction();
+    void scannerSeesMistakes_data();
+    void scannerSeesMistakes();
+    void scannerSeesOddTexts_data();
+    void scannerSeesOddTexts();
 };
 
-void TestSettingsKeys::everyUseIsInTheTable()
+void TestSettingsKeys::everyTextLikeAKeyIsOne()
 {
     QStringList wrong;
-    for (const Use &use : usesInTheCode()) {
-        if (keyFor(use) == nullptr)
-            wrong.append(use.place + QStringLiteral(": ") + use.key);
+    for (const auto &[file, text] : keyLikeTexts(sources())) {
+        if (!isKeyFor(text, file))
+            wrong.append(QStringLiteral("src/%1: \"%2\"").arg(file, text));
     }
     QVERIFY2(wrong.isEmpty(),
-             qPrintable("Not a key of the settings store, or not one for this folder:\n" + wrong.join('\n')));
+             qPrintable("Neither a whole key of the store nor one for this folder:\n" + wrong.join('\n')));
 }
 
-void TestSettingsKeys::everyReaderHasTheDefault()
+void TestSettingsKeys::everyCallIsRight()
 {
     QStringList wrong;
-    int readers = 0;
-    for (const Use &use : usesInTheCode()) {
-        const Key *key = keyFor(use);
-        if (key == nullptr)
-            continue;
-        ++readers;
-        const QString what = complaint(use, *key);
-        // The dialog binds keys to controls through tables of its own; its defaults are tested there.
-        if (!what.isEmpty() && use.folder != QLatin1String("settings"))
-            wrong.append(QStringLiteral("%1: %2 %3").arg(use.place, use.key, what));
+    for (const KeyCall &call : allCalls()) {
+        const QString what = call.namesTheKey() ? objection(call) : QString();
+        if (!what.isEmpty())
+            wrong.append(call.described() + QStringLiteral(": ") + what);
     }
-    QVERIFY(readers > 40);
-    QVERIFY2(wrong.isEmpty(), qPrintable("Each reader has the one default of the key:\n" + wrong.join('\n')));
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join('\n')));
 }
 
-void TestSettingsKeys::noKeyIsPutTogether()
+void TestSettingsKeys::everyKeyIsUsed()
 {
-    static const QRegularExpression group(
-        QStringLiteral("\"(General|Other|PageView|Syntax|Printing|\\w+Tool)/\"|beginGroup\\("));
-    const QDir root(QStringLiteral(KESTRIN_SOURCE_DIR "/src"));
-    QDirIterator it(root.path(), {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
+    QSet<QString> read;
+    QSet<QString> named;
+    for (const KeyCall &call : allCalls()) {
+        if (call.namesTheKey() && call.function != QLatin1String("setValue"))
+            read.insert(call.key.mid(1, call.key.size() - 2));
+    }
+    for (const auto &[file, text] : keyLikeTexts(sources()))
+        named.insert(text);
+    QSet<QString> missing;
+    for (const SettingsKey &key : settingsKeys()) {
+        if (!(*key.call == '\0' ? named : read).contains(QLatin1String(key.name)))
+            missing.insert(QString::fromLatin1(key.name));
+    }
+    QCOMPARE(missing, QSet<QString>(keysToCome().begin(), keysToCome().end()));
+}
+
+void TestSettingsKeys::everyKeyIsWritten()
+{
+    QSet<QString> written;
+    for (const KeyCall &call : allCalls()) {
+        if (call.function == QLatin1String("setValue"))
+            written.insert(folderOf(call.file) + ' ' + call.key);
+    }
+    QStringList missing;
+    for (const SettingsKey &key : settingsKeys()) {
+        const bool toCome = std::any_of(keysToCome().begin(), keysToCome().end(),
+                                        [&](const char *name) { return qstrcmp(name, key.name) == 0; });
+        const QString wanted = QStringLiteral("mainwindow \"%1\"").arg(QLatin1String(key.name));
+        if (hasWord(key.writers, QStringLiteral("mainwindow")) && !toCome && !written.contains(wanted))
+            missing.append(QLatin1String(key.name));
+    }
+    QCOMPARE(missing, QStringList());
+}
+
+void TestSettingsKeys::keysHandedOnMeetTheRightDefault()
+{
+    QStringList found;
+    for (const KeyCall &call : allCalls()) {
+        if (!call.namesTheKey())
+            found.append(call.described());
+    }
+    found.sort();
+    const QStringList expected{
+        "src/annotations/markitem.cpp: settingOr(key, false)",
+        "src/annotations/stroke.cpp: drawSelection(selectionKey(), )",
+        "src/app/setting.cpp: settingOr(key, fallback)",
+        "src/tools/toolsettings.cpp: settingOr(key, defaultTransparency)",
+        "src/tools/toolsettings.cpp: settingOr(key, defaultWidth)",
+        "src/widgets/dontdialog.cpp: setValue(answerKey(m_key), \"false\")",
+        "src/widgets/dontdialog.cpp: setValue(answerKey(m_key), \"true\")",
+        "src/widgets/dontdialog.cpp: setValue(m_key, !m_ui->dontCheckBox->isChecked())",
+        "src/widgets/dontdialog.cpp: settingOr(answerKey(m_key), true)",
+        "src/widgets/dontdialog.cpp: settingOr(m_key, true)",
+    };
+    QCOMPARE(found.join('\n'), expected.join('\n'));
+    for (const SettingsKey &key : settingsKeys()) {
+        const QByteArray call = key.call;
+        if (call.isEmpty() || call == "drawSelection")
+            QCOMPARE(key.defaultValue, "false");
+        if (call == "DontDialog")
+            QCOMPARE(key.defaultValue, "true");
+    }
+}
+
+void TestSettingsKeys::theStoreIsReadThroughOneFunction()
+{
+    static const QRegularExpression direct(
+        QStringLiteral("\\b(QSettings\\([^;]*\\)|settings)\\.(value|beginGroup|beginReadArray|allKeys|childKeys)\\("));
     QStringList wrong;
-    while (it.hasNext()) {
-        QFile file(it.next());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        if (group.match(QString::fromUtf8(file.readAll())).hasMatch())
-            wrong.append(root.relativeFilePath(file.fileName()));
+    for (const Source &source : sources()) {
+        const auto match = direct.match(source.text);
+        if (match.hasMatch() && source.name != QLatin1String("app/setting.h") &&
+            source.name != QLatin1String("app/setting.cpp"))
+            wrong.append(QStringLiteral("src/%1: %2").arg(source.name, match.captured()));
     }
-    QVERIFY2(wrong.isEmpty(), qPrintable("Name the whole key at its reader:\n" + wrong.join('\n')));
+    QVERIFY2(wrong.isEmpty(), qPrintable("Read through settingOr(), which knows damaged values:\n" + wrong.join('\n')));
 }
 
-void TestSettingsKeys::theScannerSees()
+void TestSettingsKeys::scannerSeesMistakes_data()
 {
-    QHash<QString, Use> reads;
-    for (const Use &use : usesInTheCode()) {
-        if (use.folder != QLatin1String("settings") && use.function != QLatin1String("setValue"))
-            reads.insert(use.key, use);
-    }
-    QCOMPARE(reads.value(QStringLiteral("General/WindowSize")).defaultValue, QStringLiteral("QSize(1000, 800)"));
-    QCOMPARE(reads.value(QStringLiteral("General/WindowSize")).conversion, QStringLiteral("Size"));
-    QCOMPARE(reads.value(QStringLiteral("Other/MaxRecentFiles")).defaultValue, QStringLiteral("5"));
-    QCOMPARE(reads.value(QStringLiteral("MarkerTool/LineWidth")).function, QStringLiteral("lineWidth"));
-    QCOMPARE(reads.value(QStringLiteral("TextBoxTool/DefaultFontFamily")).defaultValue, QStringLiteral("\"Courier\""));
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("objections");
+    const auto add = [](const char *name, const char *file, const char *code, const char *objections) {
+        QTest::newRow(name) << QString::fromLatin1(file) << QString::fromLatin1(code)
+                            << QString::fromLatin1(objections);
+    };
+    add("right", "mainwindow/a.cpp", R"(x = settingOr(QSettings(), QStringLiteral("Other/MaxRecentFiles"), 5);)", "");
+    add("over lines", "mainwindow/a.cpp", "x = settingOr(s,\n    QStringLiteral(\"Other/MaxRecentFiles\"),\n  5);", "");
+    add("other default", "mainwindow/a.cpp", R"(x = settingOr(s, QStringLiteral("Other/MaxRecentFiles"), 6);)",
+        "the default is 5");
+    add("other folder", "tools/a.cpp", R"(x = settingOr(s, QStringLiteral("Other/MaxRecentFiles"), 5);)",
+        "not read there");
+    add("misspelled", "mainwindow/a.cpp", R"(x = settingOr(s, QStringLiteral("Other/MaxRecentfiles"), 5);)",
+        "no key of the store");
+    add("without group", "mainwindow/a.cpp", R"(x = settingOr(s, QStringLiteral("MaxRecentFiles"), 5);)",
+        "no key of the store");
+    add("plain literal", "mainwindow/a.cpp", R"(x = settingOr(s, "Other/Nothing", 5);)", "no key of the store");
+    add("second default", "tools/a.cpp",
+        R"(x = settingOr(s, QStringLiteral("General/AttachmentFormat"), QStringLiteral("PNG"));)", "");
+    add("default of the other reader", "tools/a.cpp",
+        R"(x = settingOr(s, QStringLiteral("General/AttachmentFormat"), QStringLiteral("OXN"));)",
+        "the default is \"PNG\"");
+    add("without clamp", "tools/a.cpp", R"(x = settingOr(s, QStringLiteral("PenTool/LineWidth"), 0);)",
+        "to be read by lineWidth");
+    add("wrong writer", "documents/a.cpp", R"(s.setValue(QStringLiteral("Other/AppLanguage"), x);)",
+        "not written there");
+    add("written misspelled", "mainwindow/a.cpp", R"(s.setValue("Other/Applanguage", x);)", "no key of the store");
+    add("handed on misspelled", "mainwindow/a.cpp",
+        R"(DontDialog box(tr("a, (b"), tr("c"), 1, QStringLiteral("General/WarnRemove"), this);)",
+        "no key of the store");
+    add("progress bar", "documents/a.cpp", "bar->setValue(100);", "");
+}
 
-    // A reader with another default, type or spelling is seen.
-    const Key &key = keys[0];
-    Use use{{}, QStringLiteral("mainwindow"), QLatin1String(key.name), QStringLiteral("value"), {}, {}};
-    use.defaultValue = QStringLiteral("true");
-    use.conversion = QStringLiteral("Bool");
-    QCOMPARE(complaint(use, key), QString());
-    use.defaultValue = QStringLiteral("false");
-    QVERIFY(!complaint(use, key).isEmpty());
-    use.defaultValue = QStringLiteral("true");
-    use.conversion = QStringLiteral("Int");
-    QVERIFY(!complaint(use, key).isEmpty());
-    use.key = QStringLiteral("General/Windowmaximized");
-    QCOMPARE(keyFor(use), nullptr);
-    use.key = QLatin1String(key.name);
-    use.folder = QStringLiteral("syntax");
-    QCOMPARE(keyFor(use), nullptr);
+void TestSettingsKeys::scannerSeesMistakes()
+{
+    QFETCH(const QString, file);
+    QFETCH(const QString, code);
+    QFETCH(const QString, objections);
+    QStringList found;
+    for (const KeyCall &call : callsIn({file, code}))
+        found.append(objection(call));
+    QCOMPARE(found.join('|'), objections);
+}
+
+void TestSettingsKeys::scannerSeesOddTexts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("right");
+    QTest::newRow("key") << "Other/AppLanguage" << true;
+    QTest::newRow("lower case group") << "other/AppLanguage" << false;
+    QTest::newRow("with a digit") << "Other/AppLanguage2" << false;
+    QTest::newRow("underscore") << "Other/App_Language" << false;
+    QTest::newRow("group alone") << "Other/" << false;
+    QTest::newRow("key alone") << "/AppLanguage" << false;
+    QTest::newRow("key of another folder") << "PenTool/LineWidth" << false;
+}
+
+void TestSettingsKeys::scannerSeesOddTexts()
+{
+    QFETCH(const QString, text);
+    QFETCH(const bool, right);
+    const auto texts = keyLikeTexts({{QStringLiteral("mainwindow/a.cpp"), "x(\"" + text + "\");"}});
+    QCOMPARE(texts.size(), 1);
+    QCOMPARE(isKeyFor(texts.first().second, texts.first().first), right);
 }
 
 REGISTER_TEST(TestSettingsKeys)

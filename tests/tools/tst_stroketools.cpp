@@ -203,10 +203,15 @@ void TestStrokeTools::settingsOutOfRangeAreClamped()
     QCOMPARE(tool.pen().width(), 0);
     QCOMPARE(tool.pen().color().alpha(), 0);
     settings.setValue("PenTool/LineWidth", 2000000000);
-    settings.setValue("PenTool/Transparency", "no number");
+    settings.setValue("PenTool/Transparency", -7);
     tool.updateSettings();
     QCOMPARE(tool.pen().width(), 1000);
     QCOMPARE(tool.pen().color().alpha(), 255);
+    settings.setValue("PenTool/LineWidth", "no number");
+    settings.setValue("PenTool/Transparency", "no number");
+    tool.updateSettings();
+    QCOMPARE(tool.pen().width(), 0);
+    QCOMPARE(tool.pen().color().alpha(), 102);
 }
 
 void TestStrokeTools::penSmoothsAndMarkerDoesNot()

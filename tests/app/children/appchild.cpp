@@ -29,6 +29,7 @@ namespace {
 
 EventLog ownRing(7);
 std::unique_ptr<QApplication> application;
+std::unique_ptr<QWidget> window;
 
 /// Says something, or dies, while static objects are destroyed.
 struct LastWord
@@ -134,12 +135,14 @@ void startApplication()
     static char name[] = "appchild";
     static char *arguments[] = {name, nullptr};
     application = std::make_unique<QApplication>(count, arguments);
+    window = std::make_unique<QWidget>();
 }
 
 void translate()
 {
     static BracketTranslator translator;
     QCoreApplication::installTranslator(&translator);
+    QCoreApplication::sendPostedEvents(); // as the event loop would: windows hear of it later
 }
 
 /// Prints what the box shows and closes it.
@@ -206,6 +209,7 @@ const std::vector<std::pair<std::string, Operation>> operations{
     {"hook",
      [](const std::string &seconds) { installCrashFilter("sys/logs/dumped.dat", unsigned(std::stoi(seconds))); }},
     {"application", [](const std::string &) { startApplication(); }},
+    {"follow", [](const std::string &) { followLanguageOf(window.get()); }},
     {"translate", [](const std::string &) { translate(); }},
     {"connect", connectTo},
     {"fault", commitFault},
@@ -239,6 +243,7 @@ int main(int argc, char **argv)
             return 2;
         }
     }
+    window.reset();
     application.reset();
     return 0;
 }
