@@ -231,6 +231,9 @@ private:
     void updateRecentFileActions();
     QString buildOpenFilter(const QString &selected) const;
 
+    // The only ways to another mode or tool: a gesture that is under way ends without a mark.
+    void setMode(DocumentMode mode);
+    void setCurrentTool(Tool *tool, QAction *action);
     void selectTool(Tool *tool, QAction *action);
     template<std::size_t N, typename T>
     bool selectFromFamily(const std::array<T *, N> &tools, const std::array<ActionMember, N> &actions, int id);

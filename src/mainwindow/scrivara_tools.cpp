@@ -78,11 +78,25 @@ void Scrivara::showToolCursor()
         view->setCursor(m_currentTool->makeCursor());
 }
 
+void Scrivara::setMode(DocumentMode mode)
+{
+    if (mode != m_mode)
+        m_currentTool->abandonGesture();
+    m_mode = mode;
+}
+
+void Scrivara::setCurrentTool(Tool *tool, QAction *action)
+{
+    if (tool != m_currentTool)
+        m_currentTool->abandonGesture();
+    m_currentTool = tool;
+    m_currentToolAction = action;
+}
+
 void Scrivara::selectTool(Tool *tool, QAction *action)
 {
     m_previousToolAction = m_currentToolAction;
-    m_currentTool = tool;
-    m_currentToolAction = action;
+    setCurrentTool(tool, action);
 }
 
 /// Makes the tool with number @p id current; false, with the mode and the previous tool set all the same, if the family
@@ -91,11 +105,11 @@ template<std::size_t N, typename T>
 bool Scrivara::selectFromFamily(const std::array<T *, N> &tools, const std::array<ActionMember, N> &actions, int id)
 {
     m_previousToolAction = m_currentToolAction;
-    m_mode = ToolMode;
+    setMode(ToolMode);
     if (!isIndexOf(actions, id))
         return false;
-    m_currentTool = tools[static_cast<std::size_t>(id)];
-    m_currentToolAction = this->*actions[static_cast<std::size_t>(id)];
+    const auto index = static_cast<std::size_t>(id);
+    setCurrentTool(tools[index], this->*actions[index]);
     return true;
 }
 
@@ -105,7 +119,7 @@ void Scrivara::setTextMode(bool text)
         return;
     TRACE_ENTER;
     (logTrace << "Set text mode").eol(0);
-    m_mode = TextMode;
+    setMode(TextMode);
     applyViewCursor();
     TRACE_LEAVE;
 }
@@ -116,14 +130,14 @@ void Scrivara::setTransformMode(bool transform)
         return;
     TRACE_ENTER;
     (logTrace << "Set transform mode").eol(0);
-    m_mode = TransformMode;
+    setMode(TransformMode);
     applyViewCursor();
     TRACE_LEAVE;
 }
 
 void Scrivara::selectDrawingTool(DrawingTool *tool, QAction *action)
 {
-    m_mode = ToolMode;
+    setMode(ToolMode);
     tool->updateSettings();
     tool->setPenColor(m_lineColorPicker->currentColor());
     selectTool(tool, action);
@@ -165,7 +179,7 @@ void Scrivara::useEraser(bool use)
     TRACE_ENTER;
     (logTrace << "Using eraser").eol(0);
     selectTool(m_eraser, actionToolEraser);
-    m_mode = ToolMode;
+    setMode(ToolMode);
     showToolCursor();
     TRACE_LEAVE;
 }
@@ -176,7 +190,7 @@ void Scrivara::useScreenShot(bool use)
         return;
     TRACE_ENTER;
     (logTrace << "Screenshot tool").eol(0);
-    m_mode = ToolMode;
+    setMode(ToolMode);
     m_screenShotTool->updateSettings();
     selectTool(m_screenShotTool, actionTakeScreenShot);
     showToolCursor();
