@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "persistence/safefile.h"
 
+#include "support/fulldisk.h"
 #include "support/testmain.h"
 
 #include <QDir>
@@ -10,8 +11,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -31,31 +30,6 @@ void put(const QString &path, const QByteArray &contents)
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(contents), contents.size());
 }
-
-/// A disk on which no file can grow beyond a few bytes.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        rlimit limit = m_old;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk &) = delete;
-    FullDisk &operator=(const FullDisk &) = delete;
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-
-private:
-    rlimit m_old = {};
-    void (*m_oldHandler)(int) = nullptr;
-};
 
 } // namespace
 
@@ -78,6 +52,8 @@ private slots:
     void fullDiskLeavesTheOldFile_data();
     void fullDiskLeavesTheOldFile();
     void fullDiskLeavesNoNewFile();
+    void whatWasWrittenIsReadBack();
+    void failuresOfWriterAndCheckLeaveTheOldFile();
     void readsFilesWhole();
     void readingWhatIsNotThere();
     void readingAPipeDoesNotWait();
@@ -236,6 +212,37 @@ void TestSafeFile::fullDiskLeavesNoNewFile()
         QVERIFY(writeSafely(path("a"), QByteArray(1000, 'x')) != QFileDevice::NoError);
     }
     QVERIFY(names().isEmpty());
+}
+
+void TestSafeFile::whatWasWrittenIsReadBack()
+{
+    for (const char *name : {"new", "existing"}) {
+        put(path("existing"), "the old contents, longer than the new ones");
+        QByteArray seen;
+        const auto error = writeSafely(
+            path(name), [](QIODevice &device) { return device.write("abc") == 3 && device.write("def") == 3; },
+            [&seen](QIODevice &device) {
+                seen = device.readAll();
+                return true;
+            });
+        QCOMPARE(error, QFileDevice::NoError);
+        QCOMPARE(seen, QByteArray("abcdef"));
+        QCOMPARE(readBack(path(name)), QByteArray("abcdef"));
+    }
+}
+
+void TestSafeFile::failuresOfWriterAndCheckLeaveTheOldFile()
+{
+    put(path("a"), "old");
+    const auto write = [](QIODevice &device) { return device.write("new") == 3; };
+    const auto refuse = [](QIODevice & /*device*/) { return false; };
+    bool checked = false;
+    const auto accept = [&checked](QIODevice & /*device*/) { return checked = true; };
+    QVERIFY(writeSafely(path("a"), refuse, accept) != QFileDevice::NoError);
+    QVERIFY(!checked);
+    QVERIFY(writeSafely(path("a"), write, refuse) != QFileDevice::NoError);
+    QCOMPARE(readBack(path("a")), QByteArray("old"));
+    QCOMPARE(names(), QStringList{"a"});
 }
 
 void TestSafeFile::readsFilesWhole()
