@@ -2,6 +2,7 @@
 #include "measure.h"
 
 #include <QDir>
+#include <QFile>
 #include <QString>
 
 #include <algorithm>
@@ -23,6 +24,27 @@ double cpuMilliseconds()
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 #else
     return static_cast<double>(std::clock()) * 1e3 / CLOCKS_PER_SEC;
+#endif
+}
+
+/// A figure of /proc/self/status in megabytes; 0 where there is no such file.
+double statusFigure(const char *name)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0.0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith(name))
+            return line.simplified().split(' ').value(1).toDouble() * 1024 / 1e6;
+    }
+    return 0.0;
+}
+
+/// Gives what has been freed back to the system, so that it does not count.
+void trimHeap()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
 #endif
 }
 
@@ -57,6 +79,21 @@ double heapInUse()
 #else
     return 0.0;
 #endif
+}
+
+PeakMemory::PeakMemory()
+{
+    trimHeap();
+    QFile peak(QStringLiteral("/proc/self/clear_refs"));
+    if (peak.open(QIODevice::WriteOnly))
+        peak.write("5");
+}
+
+double PeakMemory::aboveNow() const
+{
+    const double peak = statusFigure("VmHWM:");
+    trimHeap();
+    return peak - statusFigure("VmRSS:");
 }
 
 void printTitle(const QString &title)

@@ -15,6 +15,17 @@ double leastCpu(int runs, const std::function<void()> &work, const std::function
 /// Megabytes of heap that are in use, where the C library tells; 0 elsewhere.
 double heapInUse();
 
+/// Watches the process's memory, where the system tells; 0 elsewhere.
+class PeakMemory
+{
+public:
+    /// Starts anew: the peak so far is forgotten, by all watchers.
+    PeakMemory();
+
+    /// Megabytes by which the peak since the start was above what the process needs now.
+    double aboveNow() const;
+};
+
 void printTitle(const QString &title);
 /// One line of a table: what was measured, our figure, the reference's and the ratio of the two.
 void printRow(const QString &what, double ours, double reference, const QString &unit);

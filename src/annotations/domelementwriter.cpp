@@ -16,9 +16,9 @@ void DomElementWriter::endElement()
     m_open = m_open.parentNode().toElement();
 }
 
-void DomElementWriter::addAttribute(QLatin1String name, const QString &value)
+void DomElementWriter::addAttribute(QLatin1String name, QUtf8StringView value)
 {
-    m_open.setAttribute(name, value);
+    m_open.setAttribute(name, value.toString());
 }
 
 void DomElementWriter::addText(QStringView text)

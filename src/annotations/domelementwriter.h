@@ -16,7 +16,7 @@ public:
     void endElement() override;
 
 protected:
-    void addAttribute(QLatin1String name, const QString &value) override;
+    void addAttribute(QLatin1String name, QUtf8StringView value) override;
     void addText(QStringView text) override;
     void addCData(QStringView text) override;
 

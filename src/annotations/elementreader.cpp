@@ -3,7 +3,27 @@
 
 #include "annotations/xmlnames.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <limits>
+
+namespace {
+
+/// The same as QStringView::toDouble(), several times faster for numbers as files have them.
+double toDouble(QStringView text)
+{
+    std::array<char, 32> digits;
+    if (text.size() > qsizetype(digits.size()))
+        return text.toDouble();
+    char *end = std::transform(text.begin(), text.end(), digits.begin(), [](QChar c) { return c.toLatin1(); });
+    double number = 0.0;
+    const auto result = std::from_chars(digits.begin(), end, number);
+    return result.ptr == end && result.ec == std::errc() ? number : text.toDouble();
+}
+
+} // namespace
 
 ElementReader::~ElementReader() = default;
 
@@ -22,8 +42,9 @@ int ElementReader::integer(QLatin1String name, int defaultValue) const
 double ElementReader::real(QLatin1String name) const
 {
     const auto value = attribute(name);
-    const float number = value ? value->trimmed().toFloat() : 0.0F;
-    return std::isfinite(number) ? double(number) : 0.0;
+    const double number = value ? toDouble(value->trimmed()) : 0.0;
+    // Comparing also sorts out what is no number.
+    return std::abs(number) <= double(std::numeric_limits<float>::max()) ? double(float(number)) : 0.0;
 }
 
 bool ElementReader::isYes(QLatin1String name) const

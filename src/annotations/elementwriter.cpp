@@ -6,6 +6,8 @@
 #include <QString>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace {
 
@@ -39,29 +41,39 @@ bool isBlank(QStringView text)
 
 ElementWriter::~ElementWriter() = default;
 
-void ElementWriter::writeAttribute(QLatin1String name, const QString &value)
+QString ElementWriter::attributeText(const QString &value)
 {
     QString clean = value;
     for (qsizetype i = nextForbidden(value, 0); i < value.size(); i = nextForbidden(value, i + 1)) {
         if (value.at(i) != u'\r') // attributes escape it
             clean[i] = QChar::ReplacementCharacter;
     }
-    addAttribute(name, clean);
+    return clean;
+}
+
+void ElementWriter::writeAttribute(QLatin1String name, const QString &value)
+{
+    addAttribute(name, attributeText(value).toUtf8());
 }
 
 void ElementWriter::writeAttribute(QLatin1String name, int value)
 {
-    addAttribute(name, QString::number(value));
+    std::array<char, 16> digits;
+    const char *end = std::to_chars(digits.begin(), digits.end(), value).ptr;
+    addAttribute(name, QUtf8StringView(digits.data(), end));
 }
 
 void ElementWriter::writeAttribute(QLatin1String name, double value)
 {
-    addAttribute(name, QString::number(value, 'g', 17));
+    std::array<char, 32> digits;
+    const char *end = std::to_chars(digits.begin(), digits.end(), value, std::chars_format::general, 17).ptr;
+    addAttribute(name, QUtf8StringView(digits.data(), end));
 }
 
 void ElementWriter::writeYesNo(QLatin1String name, bool value)
 {
-    addAttribute(name, value ? XmlNames::yes : XmlNames::no);
+    const QLatin1String word = value ? XmlNames::yes : XmlNames::no;
+    addAttribute(name, QUtf8StringView(word.data(), word.size()));
 }
 
 void ElementWriter::writeText(QStringView text)

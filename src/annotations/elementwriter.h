@@ -3,6 +3,7 @@
 
 #include <QLatin1String>
 #include <QStringView>
+#include <QUtf8StringView>
 
 /// Writes nested XML elements. An element's attributes come before its children and its text.
 class ElementWriter
@@ -18,12 +19,15 @@ public:
     /// Closes the element opened last.
     virtual void endElement() = 0;
 
-    /// Characters that XML forbids are replaced by U+FFFD: an attribute has no way to hold them.
+    /// Writes attributeText() of @p value.
     void writeAttribute(QLatin1String name, const QString &value);
     void writeAttribute(QLatin1String name, int value);
     /// With 17 significant digits, so that every value comes back as it was, and independent of the locale.
     void writeAttribute(QLatin1String name, double value);
     void writeYesNo(QLatin1String name, bool value);
+
+    /// @p value with U+FFFD for the characters that XML forbids: an attribute has no way to hold them.
+    static QString attributeText(const QString &value);
 
     /// Writes @p text into the open element so that it reads back exactly: a character that XML forbids becomes
     /// an empty element with its code.
@@ -32,7 +36,7 @@ public:
     void writeCData(QStringView text);
 
 protected:
-    virtual void addAttribute(QLatin1String name, const QString &value) = 0;
+    virtual void addAttribute(QLatin1String name, QUtf8StringView value) = 0;
     virtual void addText(QStringView text) = 0;
     virtual void addCData(QStringView text) = 0;
 

@@ -5,16 +5,16 @@
 
 #include <QXmlStreamReader>
 
-StreamElementReader::StreamElementReader(QXmlStreamReader &xml)
-    : m_xml(xml), m_attributes(xml.attributes()), m_tag(xml.name().toString())
-{
-}
+StreamElementReader::StreamElementReader(QXmlStreamReader &xml) : m_xml(xml) {}
 
 void StreamElementReader::readNext()
 {
+    constexpr int deepest = 1000; // no file of ours goes deeper than three
+    m_attributes.reset();
     switch (m_xml.readNext()) {
     case QXmlStreamReader::StartElement:
-        ++m_openLevel;
+        if (++m_openLevel > deepest)
+            m_xml.raiseError(QStringLiteral("elements are nested too deeply"));
         break;
     case QXmlStreamReader::EndElement:
         --m_openLevel;
@@ -34,8 +34,6 @@ bool StreamElementReader::enterNextChild()
         readNext();
         if (m_openLevel > m_level) {
             ++m_level;
-            m_attributes = m_xml.attributes();
-            m_tag = m_xml.name().toString();
             return true;
         }
     }
@@ -51,7 +49,7 @@ void StreamElementReader::leaveChild()
 
 QStringView StreamElementReader::tag() const
 {
-    return m_tag;
+    return m_xml.qualifiedName();
 }
 
 QString StreamElementReader::readText()
@@ -63,7 +61,7 @@ QString StreamElementReader::readText()
             text += m_xml.text();
         else if (m_xml.isStartElement()) {
             const QStringView code = m_xml.attributes().value(XmlNames::characterCode);
-            if (const auto c = codedCharacter(m_xml.name(), code))
+            if (const auto c = codedCharacter(m_xml.qualifiedName(), code))
                 text += *c;
         }
     }
@@ -72,7 +70,9 @@ QString StreamElementReader::readText()
 
 std::optional<QStringView> StreamElementReader::attribute(QLatin1String name) const
 {
-    for (const QXmlStreamAttribute &candidate : m_attributes) {
+    if (!m_attributes)
+        m_attributes = m_xml.attributes();
+    for (const QXmlStreamAttribute &candidate : *m_attributes) {
         if (candidate.qualifiedName() == name)
             return candidate.value();
     }

@@ -7,8 +7,8 @@
 
 class QXmlStreamReader;
 
-/// Walks over elements as they come from a stream. An error in the stream looks like the end of all elements;
-/// the owner of the stream asks it.
+/// Walks over elements as they come from a stream. An error in the stream looks like the end of all elements; the
+/// owner of the stream asks it. Nesting beyond all use is such an error.
 class StreamElementReader : public ElementReader
 {
 public:
@@ -28,8 +28,8 @@ private:
     void readNext();
 
     QXmlStreamReader &m_xml;
-    QXmlStreamAttributes m_attributes; ///< Of the current element.
-    QString m_tag;
+    /// Of the element whose start has been read last; asked for when needed.
+    mutable std::optional<QXmlStreamAttributes> m_attributes;
     int m_level = 1;     ///< Level of the current element; the first one is 1.
     int m_openLevel = 1; ///< Level of the innermost element whose end has not been read.
 };

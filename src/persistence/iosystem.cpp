@@ -30,15 +30,6 @@ bool isOwnUnwritablePicture(const Page *page, const QString &fileName)
            !isAmong(QImageWriter::supportedImageFormats(), fileName);
 }
 
-/// The gutter's text: one number for each line.
-QString numbersText(int lines)
-{
-    QString numbers;
-    for (int number = 1; number <= lines; ++number)
-        numbers += QString::number(number) + QLatin1Char('\n');
-    return numbers;
-}
-
 } // namespace
 
 IoSystem *IoSystem::instance()
@@ -137,16 +128,4 @@ bool IoSystem::saveImage(Page *page, const QString &fileName)
     }
     (logTrace << " <=>").eol(0);
     return true;
-}
-
-bool IoSystem::loadOxn(Page * /*page*/, const QString &fileName)
-{
-    showWarning(nullptr, tr("Kestrin 7 I/O Error"), tr("Cannot open file %1!").arg(fileName));
-    return false;
-}
-
-bool IoSystem::saveOxn(Page * /*page*/, const QString &fileName)
-{
-    showWarning(nullptr, tr("I/O Error 0x00608005"), tr("Can't save file %1.\nError code: ").arg(fileName));
-    return false;
 }

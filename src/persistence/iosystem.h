@@ -4,6 +4,8 @@
 #include <QObject>
 
 class Page;
+class ProgressDisplay;
+struct OxnContents;
 
 /// Reads and writes documents. The suffix of the file name alone decides on the format.
 ///
@@ -29,9 +31,12 @@ public:
     bool loadImage(Page *page, const QString &fileName);
     /// Writes a picture of the scene, marks included. Shows no box: the caller tells the user.
     bool saveImage(Page *page, const QString &fileName);
+    /// Shows nothing of a file that is not well-formed. Well-formed XML of another kind is shown as text.
     bool loadOxn(Page *page, const QString &fileName);
+    /// Writes text, or link of the picture, and all marks.
     bool saveOxn(Page *page, const QString &fileName);
 
 private:
     IoSystem() = default;
+    bool show(OxnContents &contents, Page *page, const QString &fileName, const ProgressDisplay &progress);
 };

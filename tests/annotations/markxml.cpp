@@ -5,6 +5,7 @@
 #include "annotations/streamelementreader.h"
 #include "annotations/streamelementwriter.h"
 
+#include <QBuffer>
 #include <QDomDocument>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -15,13 +16,12 @@ namespace MarkXml {
 
 QByteArray streamed(const Annotation &mark)
 {
-    QByteArray bytes;
-    QXmlStreamWriter xml(&bytes);
-    xml.setAutoFormatting(true);
-    xml.setAutoFormattingIndent(2);
-    StreamElementWriter writer(xml);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    StreamElementWriter writer(buffer);
     mark.write(writer);
-    return bytes.trimmed() + '\n';
+    writer.flush();
+    return buffer.data();
 }
 
 QByteArray saved(Annotation &mark)
@@ -77,7 +77,8 @@ QByteArray withSortedAttributes(const QByteArray &bytes)
     while (!reader.atEnd()) {
         reader.readNext();
         if (!reader.isStartElement()) {
-            if (!reader.isStartDocument() && !reader.isEndDocument())
+            const bool layout = reader.isWhitespace() && !reader.isCDATA();
+            if (!reader.isStartDocument() && !reader.isEndDocument() && !layout)
                 writer.writeCurrentToken(reader);
             continue;
         }

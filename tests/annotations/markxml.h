@@ -21,7 +21,8 @@ void load(Annotation &mark, const QByteArray &xml);
 QMap<QString, QString> attributes(const QByteArray &xml);
 /// Names of these attributes in the order of the text.
 QStringList attributeOrder(const QByteArray &xml);
-/// The same XML with all attributes sorted by name, for comparing what differs in their order only.
+/// The same XML with all attributes sorted by name and without the white space between elements, for comparing what
+/// differs in order and layout only.
 QByteArray withSortedAttributes(const QByteArray &xml);
 
 } // namespace MarkXml

@@ -36,6 +36,8 @@ private slots:
     void fullDiskLeavesTheOldFile_data();
     void fullDiskLeavesTheOldFile();
     void fullDiskLeavesNoNewFile();
+    void whatWasWrittenIsReadBack();
+    void failuresOfWriterAndCheckLeaveTheOldFile();
     void readsFilesWhole();
     void readingWhatIsNotThere();
     void readingAPipeDoesNotWait();
@@ -194,6 +196,37 @@ void TestSafeFile::fullDiskLeavesNoNewFile()
         QVERIFY(writeSafely(path("a"), QByteArray(1000, 'x')) != QFileDevice::NoError);
     }
     QVERIFY(names().isEmpty());
+}
+
+void TestSafeFile::whatWasWrittenIsReadBack()
+{
+    for (const char *name : {"new", "existing"}) {
+        store(path("existing"), "the old contents, longer than the new ones");
+        QByteArray seen;
+        const auto error = writeSafely(
+            path(name), [](QIODevice &device) { return device.write("abc") == 3 && device.write("def") == 3; },
+            [&seen](QIODevice &device) {
+                seen = device.readAll();
+                return true;
+            });
+        QCOMPARE(error, QFileDevice::NoError);
+        QCOMPARE(seen, QByteArray("abcdef"));
+        QCOMPARE(bytesIn(path(name)), QByteArray("abcdef"));
+    }
+}
+
+void TestSafeFile::failuresOfWriterAndCheckLeaveTheOldFile()
+{
+    store(path("a"), "old");
+    const auto write = [](QIODevice &device) { return device.write("new") == 3; };
+    const auto refuse = [](QIODevice & /*device*/) { return false; };
+    bool checked = false;
+    const auto accept = [&checked](QIODevice & /*device*/) { return checked = true; };
+    QVERIFY(writeSafely(path("a"), refuse, accept) != QFileDevice::NoError);
+    QVERIFY(!checked);
+    QVERIFY(writeSafely(path("a"), write, refuse) != QFileDevice::NoError);
+    QCOMPARE(bytesIn(path("a")), QByteArray("old"));
+    QCOMPARE(names(), QStringList{"a"});
 }
 
 void TestSafeFile::readsFilesWhole()

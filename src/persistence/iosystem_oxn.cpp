@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Annotated files.
+#include "app/eventlog.h"
+#include "documents/page.h"
+#include "documents/warningbox.h"
+#include "persistence/iosystem.h"
+#include "persistence/lineends.h"
+#include "persistence/oxnreader.h"
+#include "persistence/oxnwriter.h"
+#include "persistence/progressdisplay.h"
+#include "persistence/safefile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QFont>
+#include <QGraphicsItem>
+
+namespace {
+
+/// @p text with a line feed for everything that ends a line in a text document.
+QString withLineFeeds(const QString &text)
+{
+    const SplitText split = splitLines(text);
+    return split.finalLineEnd.isEmpty() ? split.text : split.text + QLatin1Char('\n');
+}
+
+} // namespace
+
+bool IoSystem::loadOxn(Page *page, const QString &fileName)
+{
+    (logTrace << "Load OXN file").eol(0);
+    const ProgressDisplay progress(page);
+    QFile file(fileName);
+    if (openSafely(file) != QFileDevice::NoError) {
+        showWarning(nullptr, tr("Kestrin 7 I/O Error"), tr("Cannot open file %1!").arg(fileName));
+        (logTrace << " cannot open").eol(0);
+        return false;
+    }
+    OxnReader reader;
+    const bool wellFormed = reader.walk(file);
+    file.close();
+    if (!wellFormed) {
+        showWarning(nullptr, tr("Kestrin 7 Parse Error"), tr("Wrong format of OXN file %1!").arg(fileName));
+        (logTrace << " wrong format").eol(0);
+        (logTrace << reader.errorString().toUtf8().constData()).eol(0);
+        return false;
+    }
+    OxnContents contents = reader.takeContents();
+    // It becomes part of a file name when the text is highlighted.
+    page->setFileType(QFileInfo(contents.fileType).fileName());
+    if (!contents.isOxn)
+        return loadText(page, fileName);
+    if (!show(contents, page, fileName, progress))
+        return false;
+    progress.show(100);
+    (logTrace << " <=>").eol(0);
+    return true;
+}
+
+bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, const ProgressDisplay &progress)
+{
+    page->setSavedSize(QRectF(QPointF(0, 0), contents.size));
+    page->setDocumentFont(QFont(contents.fontFamily, contents.fontSize));
+    (logTrace << " total # of elements: " << contents.nodeCount).eol(0);
+    for (OxnContents::Part &part : contents.parts) {
+        progress.show(int(float(part.index) / float(contents.nodeCount) * 100.0));
+        switch (part.kind) {
+        case OxnContents::Text: {
+            const QString text = withLineFeeds(part.text);
+            page->setTextContents(fileName, text, numbersText(int(text.count(QLatin1Char('\n'))) + 1));
+            break;
+        }
+        case OxnContents::Image:
+            if (part.text == QLatin1String("[NULL]")) {
+                showWarning(nullptr, tr("Kestrin 7 I/O Error"),
+                            tr("Link to image file [%1] doesn't exist!").arg(part.text));
+                (logTrace << " no link to img").eol(0);
+                return false;
+            }
+            // A missing picture is told there, and its marks are shown all the same.
+            page->setImageContents(fileName, part.text);
+            break;
+        case OxnContents::Mark:
+            page->addItem(dynamic_cast<QGraphicsItem *>(part.mark.release()));
+            break;
+        }
+    }
+    return true;
+}
+
+bool IoSystem::saveOxn(Page *page, const QString &fileName)
+{
+    (logTrace << "Save OXN file").eol(0);
+    OxnWriter writer(*page);
+    const auto error = writeSafely(
+        fileName, [&writer](QIODevice &device) { return writer.write(device); },
+        [&writer](QIODevice &device) { return writer.check(device); });
+    if (error != QFileDevice::NoError) {
+        showWarning(nullptr, tr("I/O Error 0x00608005"), tr("Can't save file %1.\nError code: ").arg(fileName));
+        (logTrace << " cannot save an OXN file, code: " << error).eol(0);
+        return false;
+    }
+    (logTrace << " <=>").eol(0);
+    return true;
+}

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "persistence/oxncontents.h"
+#include "persistence/oxnwalker.h"
+
+/// Reads an annotated file into memory, marks and all. Elements and attributes that it does not know are ignored:
+/// later versions may write them.
+class OxnReader : public OxnWalker
+{
+public:
+    /// What the walk has found. Of use after walk() has returned true; leaves the reader empty.
+    OxnContents takeContents();
+
+protected:
+    void visitRoot(const ElementReader &root) override;
+    void visitElement(ElementReader &element, int index) override;
+    void visitEnd(int count) override;
+
+private:
+    OxnContents m_contents;
+};

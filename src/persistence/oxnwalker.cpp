@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "persistence/oxnwalker.h"
+
+#include "annotations/streamelementreader.h"
+#include "persistence/xmlguard.h"
+
+#include <QIODevice>
+#include <QXmlStreamReader>
+
+OxnWalker::~OxnWalker() = default;
+
+bool OxnWalker::walk(QIODevice &device)
+{
+    XmlGuard guard(device);
+    QXmlStreamReader xml(&guard);
+    xml.setNamespaceProcessing(false);
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement) {
+            visitRoot(StreamElementReader(xml));
+            walkChildren(xml);
+        }
+    }
+    m_errorString = guard.hasRefused() ? QStringLiteral("too many attributes or declarations") : xml.errorString();
+    m_errorString += QStringLiteral(" in line %1, column %2").arg(xml.lineNumber()).arg(xml.columnNumber());
+    return !xml.hasError();
+}
+
+void OxnWalker::walkChildren(QXmlStreamReader &xml)
+{
+    int count = 0;
+    while (!xml.atEnd()) {
+        switch (xml.readNext()) {
+        case QXmlStreamReader::StartElement: {
+            StreamElementReader element(xml);
+            visitElement(element, count++);
+            element.leaveChild();
+            break;
+        }
+        case QXmlStreamReader::Comment:
+        case QXmlStreamReader::ProcessingInstruction:
+            ++count;
+            break;
+        case QXmlStreamReader::Characters:
+            count += xml.isWhitespace() && !xml.isCDATA() ? 0 : 1;
+            break;
+        case QXmlStreamReader::EndElement:
+            visitEnd(count);
+            return;
+        default:
+            break;
+        }
+    }
+}
+
+QString OxnWalker::errorString() const
+{
+    return m_errorString;
+}

@@ -1,0 +1,459 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "annotations/bracketann.h"
+#include "annotations/ellipseann.h"
+#include "annotations/lineann.h"
+#include "annotations/markerline.h"
+#include "annotations/penline.h"
+#include "annotations/rectangleann.h"
+#include "annotations/textboxann.h"
+#include "documents/documentitem.h"
+#include "documents/page.h"
+#include "persistence/iosystem.h"
+#include "persistence/oxnfiles.h"
+#include "support/dialogs.h"
+#include "support/fakehost.h"
+#include "support/testmain.h"
+
+#include <QFont>
+#include <QGraphicsPixmapItem>
+#include <QGraphicsTextItem>
+#include <QPixmap>
+#include <QStringEncoder>
+#include <QTest>
+#include <QTextDocument>
+#include <QUndoStack>
+
+#include <memory>
+
+namespace {
+
+const QByteArray textElement = "<text_contents><![CDATA[one\ntwo]]></text_contents>";
+
+template<class Mark> bool isA(Annotation *mark)
+{
+    return dynamic_cast<Mark *>(mark) != nullptr;
+}
+
+} // namespace
+
+/// What a page is like once an annotated file has been read into it.
+class TestOxnReading : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void documentOfAText();
+    void rootDefaults();
+    void rootFields();
+    void fileTypeNamesNoFolder_data();
+    void fileTypeNamesNoFolder();
+    void versionIsNotCompared_data();
+    void versionIsNotCompared();
+    void otherXmlIsText_data();
+    void otherXmlIsText();
+    void neitherTextNorPicture();
+    void oneNumberForEachLine_data();
+    void oneNumberForEachLine();
+    void picture();
+    void pictureWithoutLink_data();
+    void pictureWithoutLink();
+    void missingPictureKeepsLinkAndMarks();
+    void lastTextCounts();
+    void marksOfAllKinds_data();
+    void marksOfAllKinds();
+    void unknownNodesAreIgnored_data();
+    void unknownNodesAreIgnored();
+    void marksBeforeTheText_data();
+    void marksBeforeTheText();
+    void stackingIsTheOrderOfTheFile();
+    void isNeitherUndoableNorModified();
+    void progressIsShown();
+    void encodings_data();
+    void encodings();
+    void missingFile();
+
+private:
+    /// Reads a file with these contents; what boxes came up is in m_boxes.
+    bool load(const QByteArray &bytes, const QString &name = QStringLiteral("a.oxn"));
+    bool loadInside(const QByteArray &inside) { return load(Oxn::file(inside)); }
+    QString numbers() const { return m_page->documentItem()->lineNumbersItem()->toPlainText(); }
+
+    std::unique_ptr<OxnFiles> m_files;
+    std::unique_ptr<FakeHost> m_host;
+    std::unique_ptr<Page> m_page;
+    QList<SeenDialog> m_boxes;
+};
+
+void TestOxnReading::init()
+{
+    m_files = std::make_unique<OxnFiles>();
+    m_host = std::make_unique<FakeHost>();
+    m_page = std::make_unique<Page>(m_host.get());
+    m_boxes.clear();
+}
+
+void TestOxnReading::cleanup()
+{
+    m_page.reset();
+    m_host.reset();
+}
+
+bool TestOxnReading::load(const QByteArray &bytes, const QString &name)
+{
+    DialogAnswers answers;
+    answers.accept();
+    const bool loaded = m_page->loadFile(m_files->write(name, bytes));
+    m_boxes = answers.seen();
+    return loaded;
+}
+
+void TestOxnReading::documentOfAText()
+{
+    QVERIFY(loadInside(textElement));
+    QCOMPARE(m_boxes.size(), 0);
+    QCOMPARE(m_page->documentKind(), Page::TextDocument);
+    QCOMPARE(m_page->plainText(), QStringLiteral("one\ntwo"));
+    QCOMPARE(m_page->fileName(), m_files->path("a.oxn"));
+    QCOMPARE(m_page->imageLink(), QString());
+}
+
+void TestOxnReading::rootDefaults()
+{
+    QVERIFY(load(Oxn::file(textElement, "zettel_werk_type='x'")));
+    QCOMPARE(m_page->fileType(), QStringLiteral("[null_type]"));
+    QCOMPARE(m_page->documentFont().family(), QStringLiteral("Courier"));
+    QCOMPARE(m_page->documentFont().pointSize(), 10);
+}
+
+void TestOxnReading::rootFields()
+{
+    QVERIFY(load(Oxn::file(textElement, "file_type='cpp' font_size=' 17 ' height='1e9' width='nan' "
+                                        "font_family='Arial' zettel_werk_type='x' later='y'")));
+    QCOMPARE(m_page->fileType(), QStringLiteral("cpp"));
+    QCOMPARE(m_page->documentFont().family(), QStringLiteral("Arial"));
+    QCOMPARE(m_page->documentFont().pointSize(), 17);
+}
+
+void TestOxnReading::fileTypeNamesNoFolder_data()
+{
+    QTest::addColumn<QByteArray>("written");
+    QTest::addColumn<QString>("read");
+    QTest::newRow("suffix") << QByteArray("cpp") << "cpp";
+    QTest::newRow("empty") << QByteArray() << "";
+    QTest::newRow("way up") << QByteArray("../../cpp") << "cpp";
+    QTest::newRow("absolute") << QByteArray("/etc/passwd") << "passwd";
+    QTest::newRow("folder only") << QByteArray("/etc/") << "";
+}
+
+void TestOxnReading::fileTypeNamesNoFolder()
+{
+    QFETCH(const QByteArray, written);
+    QFETCH(const QString, read);
+    QVERIFY(load(Oxn::file(textElement, "zettel_werk_type='x' file_type='" + written + "'")));
+    QCOMPARE(m_page->fileType(), read);
+}
+
+void TestOxnReading::versionIsNotCompared_data()
+{
+    QTest::addColumn<QByteArray>("version");
+    QTest::newRow("present") << QByteArray("v12042008");
+    QTest::newRow("later") << QByteArray("v99");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("nearly the default") << QByteArray("not_zettel_werk_type ");
+}
+
+void TestOxnReading::versionIsNotCompared()
+{
+    QFETCH(const QByteArray, version);
+    QVERIFY(load(Oxn::file(textElement + "<pen_line/>", "zettel_werk_type='" + version + "'")));
+    QCOMPARE(m_page->plainText(), QStringLiteral("one\ntwo"));
+    QCOMPARE(Oxn::marks(*m_page).size(), 1);
+}
+
+void TestOxnReading::otherXmlIsText_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("another root") << QByteArray("<html>\n<p>&lt;</p>\n</html>") << "a.oxn";
+    QTest::newRow("our root without a version")
+        << Oxn::file(textElement + "<pen_line/>", "a='b'").chopped(1) << "a.OXN";
+    QTest::newRow("the default as version")
+        << Oxn::file("<pen_line/>", "zettel_werk_type='not_zettel_werk_type'").chopped(1) << "a.Oxn";
+    QTest::newRow("other name with the same end") << QByteArray("<a x:zettel_werk_type='v'/>") << "a.oxn";
+    QTest::newRow("declaration and comment") << QByteArray("<?xml version='1.0'?>\n<!-- a --><a/>") << "a.oxn";
+}
+
+void TestOxnReading::otherXmlIsText()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, name);
+    QVERIFY(load(bytes, name));
+    QCOMPARE(m_boxes.size(), 0);
+    QCOMPARE(m_page->plainText(), QString::fromUtf8(bytes));
+    QCOMPARE(m_page->documentKind(), Page::TextDocument);
+    QCOMPARE(m_page->fileType(), name.section('.', 1));
+    QVERIFY(!m_page->hasAnnotations());
+}
+
+void TestOxnReading::neitherTextNorPicture()
+{
+    QVERIFY(loadInside("<rectangle pos_x='3'/>"));
+    QCOMPARE(m_boxes.size(), 0);
+    QCOMPARE(m_page->documentKind(), Page::NoDocument);
+    QCOMPARE(m_page->items().size(), 1);
+    QCOMPARE(m_page->items().first()->pos(), QPointF(3, 0));
+    QVERIFY(load("<Zettelwerk-xml zettel_werk_type=''/>"));
+}
+
+void TestOxnReading::oneNumberForEachLine_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("numbers");
+    QTest::newRow("empty") << QByteArray() << "1\n";
+    QTest::newRow("one line") << QByteArray("a") << "1\n";
+    QTest::newRow("trailing line feed") << QByteArray("a\n") << "1\n2\n";
+    QTest::newRow("two trailing line feeds") << QByteArray("a\n\n") << "1\n2\n3\n";
+    QTest::newRow("line feeds only") << QByteArray("\n\n") << "1\n2\n3\n";
+    QTest::newRow("carriage returns in the file") << QByteArray("a\r\nb\rc") << "1\n2\n3\n";
+    QTest::newRow("paragraph separators") << QByteArray("a\u2029b\u2029") << "1\n2\n3\n";
+    QTest::newRow("line separator") << QByteArray("a\u2028b") << "1\n";
+}
+
+void TestOxnReading::oneNumberForEachLine()
+{
+    QFETCH(const QByteArray, text);
+    QFETCH(const QString, numbers);
+    QVERIFY(loadInside("<text_contents><![CDATA[" + text + "]]></text_contents>"));
+    QCOMPARE(this->numbers(), numbers);
+    QCOMPARE(m_page->textDocument()->blockCount(), int(numbers.count('\n')));
+}
+
+void TestOxnReading::picture()
+{
+    QPixmap(40, 30).save(m_files->path("p.png"));
+    QVERIFY(loadInside("<img_contents img_file_link='" + m_files->path("p.png").toUtf8() + "'/><pen_line/>"));
+    QCOMPARE(m_boxes.size(), 0);
+    QCOMPARE(m_page->documentKind(), Page::ImageDocument);
+    QCOMPARE(m_page->imageLink(), m_files->path("p.png"));
+    QCOMPARE(m_page->fileName(), m_files->path("a.oxn"));
+    QCOMPARE(m_page->sceneRect(), QRectF(0, 0, 40, 30));
+    QCOMPARE(m_page->documentItem()->pixmapItem()->pixmap().size(), QSize(40, 30));
+    QCOMPARE(Oxn::marks(*m_page).size(), 1);
+}
+
+void TestOxnReading::pictureWithoutLink_data()
+{
+    QTest::addColumn<QByteArray>("element");
+    QTest::newRow("no attribute") << QByteArray("<img_contents/>");
+    QTest::newRow("the default as link") << QByteArray("<img_contents img_file_link='[NULL]'/>");
+    QTest::newRow("attribute of another name") << QByteArray("<img_contents link='p.png'/>");
+}
+
+void TestOxnReading::pictureWithoutLink()
+{
+    QFETCH(const QByteArray, element);
+    QVERIFY(!loadInside("<pen_line/>" + element + "<pen_line/><pen_line/>"));
+    QCOMPARE(m_boxes.size(), 1);
+    QCOMPARE(m_boxes.first().title, QStringLiteral("Kestrin 7 I/O Error"));
+    QCOMPARE(m_boxes.first().text, QStringLiteral("Link to image file [[NULL]] doesn't exist!"));
+    QCOMPARE(m_boxes.first().buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+    QCOMPARE(m_boxes.first().icon, QMessageBox::Warning);
+    QCOMPARE(m_boxes.first().parent, nullptr);
+    QCOMPARE(Oxn::marks(*m_page).size(), 1);
+}
+
+void TestOxnReading::missingPictureKeepsLinkAndMarks()
+{
+    const QByteArray element = "<img_contents img_file_link=\"/gone/&lt;p&gt; &quot;ż&quot; &amp;.png\"/>";
+    QVERIFY(loadInside(element + "<pen_line pos_x='7'/><text_box/>"));
+    QCOMPARE(m_boxes.size(), 1);
+    QCOMPARE(m_boxes.first().title, QStringLiteral("I/O Error"));
+    QCOMPARE(m_boxes.first().text,
+             QStringLiteral("File %1 not found or its format is currently unsupported!").arg(m_files->path("a.oxn")));
+    QCOMPARE(m_page->imageLink(), QStringLiteral("/gone/<p> \"ż\" &.png"));
+    const QByteArray once = m_files->saved(*m_page);
+    QVERIFY2(once.contains(element), once);
+    QVERIFY(once.contains("<pen_line w=\"0\""));
+    QVERIFY(once.contains("<text_box "));
+
+    Page second(m_host.get());
+    DialogAnswers answers;
+    answers.accept();
+    QVERIFY(second.loadFile(m_files->write("b.oxn", once)));
+    QCOMPARE(Oxn::marks(second).size(), 2);
+    QCOMPARE(m_files->saved(second), once);
+}
+
+void TestOxnReading::lastTextCounts()
+{
+    QVERIFY(loadInside(textElement + "<text_contents>plain &lt;text&gt;</text_contents>"));
+    QCOMPARE(m_page->plainText(), QStringLiteral("plain <text>"));
+    QCOMPARE(numbers(), QStringLiteral("1\n"));
+}
+
+void TestOxnReading::marksOfAllKinds_data()
+{
+    using IsExpected = bool (*)(Annotation *);
+    QTest::addColumn<IsExpected>("isExpected");
+    QTest::newRow("pen_line") << IsExpected(isA<PenLine>);
+    QTest::newRow("marker_line") << IsExpected(isA<MarkerLine>);
+    QTest::newRow("bracket") << IsExpected(isA<BracketAnn>);
+    QTest::newRow("line") << IsExpected(isA<LineAnn>);
+    QTest::newRow("ellipse") << IsExpected(isA<EllipseAnn>);
+    QTest::newRow("rectangle") << IsExpected(isA<RectangleAnn>);
+    QTest::newRow("text_box") << IsExpected(isA<TextBoxAnn>);
+}
+
+void TestOxnReading::marksOfAllKinds()
+{
+    using IsExpected = bool (*)(Annotation *);
+    QFETCH(const IsExpected, isExpected);
+    const QByteArray tag = QTest::currentDataTag();
+    QVERIFY(loadInside(textElement + "<" + tag + " pos_x='12.5' pos_y='8'/>"));
+    const QList<Annotation *> marks = Oxn::marks(*m_page);
+    QCOMPARE(marks.size(), 1);
+    QVERIFY(isExpected(marks.first()));
+    QGraphicsItem *item = Oxn::item(marks.first());
+    // The page's margins are handed over, but nobody adds them.
+    QCOMPARE(item->pos(), QPointF(12.5, 8));
+    const bool isText = tag == "text_box";
+    QVERIFY(item->flags().testFlag(QGraphicsItem::ItemIsMovable));
+    QVERIFY(item->flags().testFlag(QGraphicsItem::ItemIsSelectable));
+    QCOMPARE(item->flags().testFlag(QGraphicsItem::ItemIsFocusable), isText);
+    if (isText) {
+        QCOMPARE(dynamic_cast<TextBoxAnn *>(item)->textInteractionFlags(),
+                 Qt::TextInteractionFlags(Qt::TextEditorInteraction));
+    } else {
+        QVERIFY(marks.first()->antialiasing());
+    }
+    QVERIFY(item->isVisible());
+    QVERIFY(!item->isSelected());
+}
+
+void TestOxnReading::unknownNodesAreIgnored_data()
+{
+    QTest::addColumn<QByteArray>("node");
+    QTest::newRow("element") << QByteArray("<later_mark pos_x='1'>a<b/>c</later_mark>");
+    QTest::newRow("element with marks inside")
+        << QByteArray("<group><pen_line/><text_contents>x</text_contents></group>");
+    QTest::newRow("all kinds inside a mark") << QByteArray();
+    QTest::newRow("comment") << QByteArray("<!-- <pen_line/> -->");
+    QTest::newRow("instruction") << QByteArray("<?pen_line?>");
+    QTest::newRow("text") << QByteArray("free text &amp; more");
+    QTest::newRow("section") << QByteArray("<![CDATA[<pen_line/>]]>");
+    QTest::newRow("capital letters") << QByteArray("<Pen_Line/><PEN_LINE/><TEXT_CONTENTS/>");
+    QTest::newRow("prefix") << QByteArray("<a:pen_line/><a:text_contents xmlns:a='b'/>");
+    QTest::newRow("nearly a name") << QByteArray("<pen_lines/><pen-line/><pen_/>");
+}
+
+void TestOxnReading::unknownNodesAreIgnored()
+{
+    QFETCH(const QByteArray, node);
+    const QByteArray pen = node.isEmpty()
+                               ? "<pen_line later='1' w='3' xmlns='u' a:pos_x='9'><pen_line><p x='8'/></pen_line>"
+                                 "<!-- --><?p?>x<p later='1' x='5'><p x='7'/></p><a:p x='6'/></pen_line>"
+                               : "<pen_line w='3'>" + node + "<p x='5'/>" + node + "</pen_line>";
+    QVERIFY(loadInside(node + textElement + node + pen + node));
+    QCOMPARE(m_boxes.size(), 0);
+    QCOMPARE(m_page->plainText(), QStringLiteral("one\ntwo"));
+    const QList<Annotation *> marks = Oxn::marks(*m_page);
+    QCOMPARE(marks.size(), 1);
+    const auto *line = dynamic_cast<PenLine *>(marks.first());
+    QVERIFY(line);
+    QCOMPARE(line->pen().width(), 3);
+    QCOMPARE(line->pos(), QPointF(0, 0));
+    QCOMPARE(line->polygon(), QPolygonF({{5, 0}}));
+}
+
+void TestOxnReading::marksBeforeTheText_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<bool>("moves");
+    QTest::newRow("empty text") << QByteArray() << false;
+    QTest::newRow("one line") << QByteArray("one") << false;
+    QTest::newRow("three lines") << QByteArray("1\n2\n3") << true;
+}
+
+void TestOxnReading::marksBeforeTheText()
+{
+    QFETCH(const QByteArray, text);
+    QFETCH(const bool, moves);
+    QVERIFY(loadInside("<pen_line pos_y='40'/><text_contents>" + text + "</text_contents><pen_line pos_y='40'/>"));
+    const QList<Annotation *> marks = Oxn::marks(*m_page);
+    QCOMPARE(marks.size(), 2);
+    const double y = Oxn::item(marks.first())->y();
+    QVERIFY2(moves ? y > 40 && y < 400 : y == 40, qPrintable(QString::number(y)));
+    QCOMPARE(Oxn::item(marks.last())->y(), 40);
+}
+
+void TestOxnReading::stackingIsTheOrderOfTheFile()
+{
+    QVERIFY(loadInside("<rectangle w='1'/>" + textElement + "<ellipse/><pen_line/><rectangle w='2'/>"));
+    const QList<Annotation *> marks = Oxn::marks(*m_page);
+    QCOMPARE(marks.size(), 4);
+    QCOMPARE(dynamic_cast<RectangleAnn *>(marks.at(0))->pen().width(), 1);
+    QVERIFY(isA<EllipseAnn>(marks.at(1)));
+    QVERIFY(isA<PenLine>(marks.at(2)));
+    QCOMPARE(dynamic_cast<RectangleAnn *>(marks.at(3))->pen().width(), 2);
+}
+
+void TestOxnReading::isNeitherUndoableNorModified()
+{
+    QVERIFY(loadInside(textElement + "<pen_line/><text_box><txt>x</txt></text_box>"));
+    QVERIFY(!m_page->isModified());
+    for (const QUndoStack *stack : m_host->group->stacks())
+        QCOMPARE(stack->count(), 0);
+    QVERIFY(m_page->hasAnnotations());
+}
+
+void TestOxnReading::progressIsShown()
+{
+    QList<int> values;
+    connect(m_host->bar, &QProgressBar::valueChanged, this, [&values](int value) { values.append(value); });
+    QVERIFY(load("<Zettelwerk-xml zettel_werk_type='x'><!-- -->\n<?a?><later/>" + textElement +
+                 "<pen_line/><pen_line/><pen_line/>x<pen_line/></Zettelwerk-xml>"));
+    // Nine nodes, white space aside.
+    QCOMPARE(values, (QList<int>{33, 44, 55, 66, 88, 100}));
+    QVERIFY(!loadInside("<pen_line"));
+    QVERIFY(m_host->bar->value() < m_host->bar->minimum());
+}
+
+void TestOxnReading::encodings_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    const QString text = QStringLiteral("<a zettel_werk_type='x'><text_contents>zażółć €</text_contents></a>");
+    const auto coded = [&](QStringConverter::Encoding encoding, const QString &start) {
+        QStringEncoder encode(encoding, QStringConverter::Flag::WriteBom);
+        return QByteArray(encode(start + text));
+    };
+    QTest::newRow("UTF-8 declared") << "<?xml version='1.0' encoding='UTF-8'?>\n" + text.toUtf8();
+    QTest::newRow("UTF-8 with mark") << "\xEF\xBB\xBF" + text.toUtf8();
+    QTest::newRow("UTF-16 LE") << coded(QStringConverter::Utf16LE, {});
+    QTest::newRow("UTF-16 BE, declared") << coded(QStringConverter::Utf16BE, "<?xml version='1.0' encoding='utf-16'?>");
+    QTest::newRow("no line end at the end, many before") << QByteArray("\n\n\n") + text.toUtf8();
+}
+
+void TestOxnReading::encodings()
+{
+    QFETCH(const QByteArray, bytes);
+    QVERIFY(load(bytes));
+    QCOMPARE(m_boxes.size(), 0);
+    QCOMPARE(m_page->plainText(), QStringLiteral("zażółć €"));
+}
+
+void TestOxnReading::missingFile()
+{
+    DialogAnswers answers;
+    answers.accept();
+    QVERIFY(!m_page->loadFile(m_files->path("gone.oxn")));
+    QCOMPARE(answers.seen().size(), 1);
+    QCOMPARE(answers.seen().first().title, QStringLiteral("Kestrin 7 I/O Error"));
+    QCOMPARE(answers.seen().first().text, QStringLiteral("Cannot open file %1!").arg(m_files->path("gone.oxn")));
+    QCOMPARE(answers.seen().first().parent, nullptr);
+    QCOMPARE(m_page->items().size(), 0);
+}
+
+REGISTER_TEST(TestOxnReading)
+#include "tst_oxnreading.moc"
