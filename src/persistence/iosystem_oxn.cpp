@@ -15,17 +15,6 @@
 #include <QFont>
 #include <QGraphicsItem>
 
-namespace {
-
-/// @p text with a line feed for everything that ends a line in a text document.
-QString withLineFeeds(const QString &text)
-{
-    const SplitText split = splitLines(text);
-    return split.finalLineEnd.isEmpty() ? split.text : split.text + QLatin1Char('\n');
-}
-
-} // namespace
-
 bool IoSystem::loadOxn(Page *page, const QString &fileName)
 {
     (logTrace << "Load OXN file").eol(0);
@@ -66,8 +55,9 @@ bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, 
         progress.show(int(float(part.index) / float(contents.nodeCount) * 100.0));
         switch (part.kind) {
         case OxnContents::Text: {
-            const QString text = withLineFeeds(part.text);
-            page->setTextContents(fileName, text, numbersText(int(text.count(QLatin1Char('\n'))) + 1));
+            // Nothing ends the last line, so that a line feed at the text's end starts one more.
+            const SplitText split = splitLines(part.text + QChar::ParagraphSeparator);
+            page->setTextContents(fileName, split.text, numbersText(split.lines));
             break;
         }
         case OxnContents::Image:

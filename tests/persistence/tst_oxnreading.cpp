@@ -371,16 +371,20 @@ void TestOxnReading::marksBeforeTheText_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("moves");
-    QTest::newRow("empty text") << QByteArray() << false;
-    QTest::newRow("one line") << QByteArray("one") << false;
-    QTest::newRow("three lines") << QByteArray("1\n2\n3") << true;
+    QTest::newRow("empty text") << QByteArray("<text_contents/>") << false;
+    QTest::newRow("one line") << QByteArray("<text_contents>one</text_contents>") << false;
+    QTest::newRow("three lines") << QByteArray("<text_contents>1\n2\n3</text_contents>") << false;
+    QTest::newRow("as many lines once more")
+        << QByteArray("<text_contents>one</text_contents><text_contents>two</text_contents>") << false;
+    QTest::newRow("more lines later")
+        << QByteArray("<text_contents>one</text_contents><text_contents>1\n2\n3</text_contents>") << true;
 }
 
 void TestOxnReading::marksBeforeTheText()
 {
     QFETCH(const QByteArray, text);
     QFETCH(const bool, moves);
-    QVERIFY(loadInside("<pen_line pos_y='40'/><text_contents>" + text + "</text_contents><pen_line pos_y='40'/>"));
+    QVERIFY(loadInside("<pen_line pos_y='40'/>" + text + "<pen_line pos_y='40'/>"));
     const QList<Annotation *> marks = Oxn::marks(*m_page);
     QCOMPARE(marks.size(), 2);
     const double y = Oxn::item(marks.first())->y();
