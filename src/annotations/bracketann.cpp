@@ -67,6 +67,7 @@ double BracketAnn::margin() const
 
 void BracketAnn::drawShape(QPainter *painter) const
 {
+    painter->setPen(pen());
     if (style() == Curly)
         drawCurly(painter);
     else if (style() == Rectangular)

@@ -39,6 +39,7 @@ LineAnn *LineAnn::clone()
 {
     auto *copy = new LineAnn;
     copy->copyFrom(*this);
+    copy->m_headBrush = m_headBrush; // which a line whose pen was never set does not have
     return copy;
 }
 
@@ -75,6 +76,7 @@ void LineAnn::drawShape(QPainter *painter) const
 
     // Circles are empty until the brush is set: marks are painted without one.
     painter->save();
+    painter->setPen(pen());
     switch (style()) {
     case 0:
         painter->drawLine(p1, p2);

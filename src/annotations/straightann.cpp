@@ -56,7 +56,6 @@ void StraightAnn::paintContent(QPainter *painter)
 {
     if (antialiasing())
         painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(pen());
     drawShape(painter);
 }
 

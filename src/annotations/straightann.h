@@ -30,6 +30,7 @@ protected:
 
     /// How far the mark reaches beyond its line on each side; the width of the pen is not counted.
     virtual double margin() const = 0;
+    /// Draws the mark with its own pen.
     virtual void drawShape(QPainter *painter) const = 0;
     /// Name of the mark's element in files.
     virtual QLatin1String elementName() const = 0;

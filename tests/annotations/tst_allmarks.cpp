@@ -16,6 +16,7 @@
 #include <QGraphicsScene>
 #include <QPainter>
 #include <QPen>
+#include <QSettings>
 #include <QTest>
 
 #include <clocale>
@@ -139,6 +140,8 @@ class TestAllMarks : public QObject
     Q_OBJECT
 
 private slots:
+    void cleanup() { QSettings().clear(); }
+
     void newMarkIsNotAntialiased_data() { addMarkKinds(); }
     void newMarkIsNotAntialiased();
     void debugString_data() { addMarkKinds(); }
@@ -157,6 +160,8 @@ private slots:
     void damagedFieldsDoNoHarm_data();
     void damagedFieldsDoNoHarm();
     void colourOutOfRangeIsInvalid();
+    void penStylesInFiles_data();
+    void penStylesInFiles();
     void geometryIsWrittenAsItAppears_data() { addMarkKinds(); }
     void geometryIsWrittenAsItAppears();
     void cloneIsSelectableAndMovable_data() { addMarkKinds(); }
@@ -164,6 +169,8 @@ private slots:
     void smoothChangesNothingButPenLines_data() { addMarkKinds(); }
     void smoothChangesNothingButPenLines();
     void laterMarksLieOnTop();
+    void selectionIsFramedUnderTheOwnKeyAlone_data();
+    void selectionIsFramedUnderTheOwnKeyAlone();
     void isReachedFromTheSceneByCast_data() { addMarkKinds(); }
     void isReachedFromTheSceneByCast();
 };
@@ -348,6 +355,35 @@ void TestAllMarks::colourOutOfRangeIsInvalid()
     QVERIFY(!line.pen().color().isValid());
 }
 
+void TestAllMarks::penStylesInFiles_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("style");
+    QTest::newRow("none") << QByteArray("0") << "0";
+    QTest::newRow("dash dot dot") << QByteArray("5") << "5";
+    QTest::newRow("blanks around") << QByteArray(" 3 ") << "3";
+    QTest::newRow("empty") << QByteArray() << "0";
+    QTest::newRow("no number") << QByteArray("x") << "0";
+    QTest::newRow("last that the type can hold") << QByteArray("15") << "15";
+    // What the type cannot hold becomes a solid line.
+    QTest::newRow("first beyond") << QByteArray("16") << "1";
+    QTest::newRow("far beyond") << QByteArray("99") << "1";
+    QTest::newRow("negative") << QByteArray("-1") << "1";
+}
+
+void TestAllMarks::penStylesInFiles()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, style);
+    for (const MarkKind &kind : markKinds()) {
+        const std::unique_ptr<Annotation> mark(kind.makeTypical());
+        if (!MarkXml::attributes(MarkXml::streamed(*mark)).contains("pen_style"))
+            continue;
+        MarkXml::load(*mark, "<" + kind.element + " pen_style='" + text + "'/>");
+        QCOMPARE(MarkXml::attributes(MarkXml::streamed(*mark)).value("pen_style"), style);
+    }
+}
+
 void TestAllMarks::geometryIsWrittenAsItAppears()
 {
     QFETCH(MarkKind, kind);
@@ -361,9 +397,15 @@ void TestAllMarks::geometryIsWrittenAsItAppears()
         QCOMPARE(scaled.value(name).toDouble(), 4 * plain.value(name).toDouble());
     QCOMPARE(scaled.value("pos_x"), plain.value("pos_x"));
     QCOMPARE(scaled.value("pos_y"), plain.value("pos_y"));
+
+    // Reading does not divide: the copy has the size that was seen, without a scale of its own.
+    const std::unique_ptr<Annotation> copy(kind.makeNew());
+    MarkXml::readStreamed(*copy, MarkXml::streamed(*mark));
+    QVERIFY(itemOf(copy.get())->transform().isIdentity());
+    const QMap<QString, QString> read = MarkXml::attributes(MarkXml::streamed(*copy));
+    for (const char *name : {"x", "y", "width", "height", "x1", "y1", "x2", "y2"})
+        QCOMPARE(read.value(name).toDouble(), scaled.value(name).toDouble());
     if (auto *stroke = dynamic_cast<Stroke *>(mark.get())) {
-        const std::unique_ptr<Annotation> copy(kind.makeNew());
-        MarkXml::readStreamed(*copy, MarkXml::streamed(*mark));
         QCOMPARE(dynamic_cast<Stroke *>(copy.get())->polygon().at(3), QPointF(2469, 68));
         QCOMPARE(stroke->polygon().at(3), QPointF(1234.5, 17));
     }
@@ -411,6 +453,35 @@ void TestAllMarks::laterMarksLieOnTop()
     QPainter painter(&image);
     scene.render(&painter, QRectF(0, 0, 50, 50), QRectF(0, 0, 50, 50));
     QCOMPARE(image.pixelColor(25, 25), QColor(Qt::blue));
+}
+
+void TestAllMarks::selectionIsFramedUnderTheOwnKeyAlone_data()
+{
+    QTest::addColumn<MarkKind>("kind");
+    QTest::addColumn<QString>("ownKey");
+    const QMap<QByteArray, QString> keys{{"pen_line", "PenTool/DrawSelection"},
+                                         {"marker_line", "MarkerTool/ShowSelection"},
+                                         {"line", "LineTool/ShowSelection"},
+                                         {"bracket", "LineTool/ShowSelection"}};
+    for (const MarkKind &kind : markKinds())
+        QTest::newRow(kind.element.constData()) << kind << keys.value(kind.element);
+}
+
+void TestAllMarks::selectionIsFramedUnderTheOwnKeyAlone()
+{
+    QFETCH(MarkKind, kind);
+    QFETCH(QString, ownKey);
+    const QRectF canvas(-50, -50, 200, 120);
+    const std::unique_ptr<Annotation> mark(kind.makeTypical());
+    itemOf(mark.get())->setFlag(QGraphicsItem::ItemIsSelectable);
+    const QImage plain = MarkPicture::ofItem(itemOf(mark.get()), canvas, true);
+    for (const char *key : {"PenTool/DrawSelection", "PenTool/ShowSelection", "MarkerTool/DrawSelection",
+                            "MarkerTool/ShowSelection", "LineTool/DrawSelection", "LineTool/ShowSelection",
+                            "BracketTool/ShowSelection", "ShapeTool/ShowSelection", "TextBoxTool/ShowSelection"}) {
+        QSettings().setValue(key, true);
+        QCOMPARE(MarkPicture::ofItem(itemOf(mark.get()), canvas, true) != plain, key == ownKey);
+        QSettings().remove(key);
+    }
 }
 
 void TestAllMarks::isReachedFromTheSceneByCast()

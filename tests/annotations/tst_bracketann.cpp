@@ -56,6 +56,7 @@ private slots:
 
     void isPainted_data();
     void isPainted();
+    void slantedArcsMeetRoughly_data();
     void slantedArcsMeetRoughly();
     void tipAndEndsOfACurlyBracket();
     void unknownStyleDrawsNothing();
@@ -132,23 +133,40 @@ void TestBracketAnn::isPainted()
     QCOMPARE(MarkPicture::difference(making, actual), QString());
 }
 
+void TestBracketAnn::slantedArcsMeetRoughly_data()
+{
+    QTest::addColumn<QPointF>("end");
+    QTest::addColumn<int>("degrees");
+    // 53.13 degrees, and by the rounded half turn 53.16.
+    QTest::newRow("cut to whole degrees") << QPointF(60, 80) << 53;
+    QTest::newRow("cut towards zero") << QPointF(60, -80) << -53;
+    // 53.990 degrees, and by the rounded half turn 54.018.
+    QTest::newRow("by the rounded half turn") << QPointF(100, 137.59) << 54;
+    QTest::newRow("by the rounded half turn, upwards") << QPointF(100, -137.59) << -54;
+}
+
 void TestBracketAnn::slantedArcsMeetRoughly()
 {
-    // 3 to 4: the angle is 0.9273 rad, 53.13 degrees, and by the rounded half turn 53.16: 53 whole degrees.
+    QFETCH(QPointF, end);
+    QFETCH(int, degrees);
+    const QRectF area(-40, -180, 200, 360);
     BracketAnn bracket;
-    setUp(bracket, QLineF(0, 0, 60, 80), 0);
-    const QImage expected = drawn([](QPainter &painter) {
-        const double angle = std::atan2(80.0, 60.0);
+    setUp(bracket, QLineF(QPointF(0, 0), end), 0);
+    const QImage expected = MarkPicture::ofPainting(area, [&](QPainter &painter) {
+        const double angle = std::atan2(end.y(), end.x());
         const double c = std::cos(angle);
         const double s = std::sin(angle);
-        drawQuarter(painter, -8 * s, 8 * c, 16, (90 - 53) * 16);
-        drawQuarter(painter, 60 - 8 * s, 80 + 8 * c, 16, -53 * 16);
-        drawQuarter(painter, 30 - 6 * c + 6 * s, 40 - 6 * s - 6 * c, 12, (-90 - 53) * 16);
-        painter.drawLine(QPointF(0, 0), QPointF(30 - 6 * c, 40 - 6 * s));
-        drawQuarter(painter, 30 + 6 * c + 6 * s, 40 + 6 * s - 6 * c, 12, (-180 - 53) * 16);
-        painter.drawLine(QPointF(30 + 6 * c, 40 + 6 * s), QPointF(60, 80));
+        const QPointF middle = end / 2;
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(ink, 1));
+        drawQuarter(painter, -8 * s, 8 * c, 16, (90 - degrees) * 16);
+        drawQuarter(painter, end.x() - 8 * s, end.y() + 8 * c, 16, -degrees * 16);
+        drawQuarter(painter, middle.x() - 6 * c + 6 * s, middle.y() - 6 * s - 6 * c, 12, (-90 - degrees) * 16);
+        painter.drawLine(QPointF(0, 0), middle - QPointF(6 * c, 6 * s));
+        drawQuarter(painter, middle.x() + 6 * c + 6 * s, middle.y() + 6 * s - 6 * c, 12, (-180 - degrees) * 16);
+        painter.drawLine(middle + QPointF(6 * c, 6 * s), end);
     });
-    QCOMPARE(MarkPicture::difference(MarkPicture::ofItem(&bracket, canvas), expected), QString());
+    QCOMPARE(MarkPicture::difference(MarkPicture::ofItem(&bracket, area), expected), QString());
 }
 
 void TestBracketAnn::tipAndEndsOfACurlyBracket()

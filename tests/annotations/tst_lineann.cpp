@@ -108,7 +108,10 @@ private slots:
     void unknownStyleDrawsNothing();
     void headsAreOpaqueAndTheLineIsNot();
     void dashedLineHasSolidHeads();
-    void paintingLeavesTheBrush();
+    void slantedLinesArePainted_data();
+    void slantedLinesArePainted();
+    void paintingLeavesPenAndBrush_data();
+    void paintingLeavesPenAndBrush();
     void lineWithoutLengthPointsRight();
     void bounds_data();
     void bounds();
@@ -122,6 +125,7 @@ private slots:
     void styleOutOfRangeIsWrittenAsNoName();
     void attributesStandInTheirOrder();
     void cloneIsACopyApart();
+    void cloneOfALineWithoutAPenHasEmptyHeads();
     void readLineHasOpaqueHeads();
 };
 
@@ -210,14 +214,92 @@ void TestLineAnn::dashedLineHasSolidHeads()
         QVERIFY(image.pixelColor(20 + 92, 20 + y) != Qt::white);
 }
 
-void TestLineAnn::paintingLeavesTheBrush()
+void TestLineAnn::slantedLinesArePainted_data()
 {
+    QTest::addColumn<int>("style");
+    for (const int style : {1, 3, 5, 6, 7})
+        QTest::addRow("%s", qPrintable(styleNames.at(style))) << style;
+}
+
+void TestLineAnn::slantedLinesArePainted()
+{
+    QFETCH(int, style);
+    // From (0, 0) to (60, 80): sine 0.8, cosine 0.6.
+    const QPointF start(0, 0);
+    const QPointF end(60, 80);
+    const QPointF startRim(1.2, 1.6);
+    const QPointF endRim(58.8, 78.4);
+    const QPolygonF slantedHead{{57.6, 71.8}, {60, 80}, {52.8, 75.4}};
+    const QRectF area(-20, -20, 100, 120);
+    const QPen pen(red, 1);
+    LineAnn line;
+    line.setLine({start, end});
+    line.setLinePen(pen);
+    line.setStyle(style);
+    line.setAntialiasing(true);
+    const QImage expected = MarkPicture::ofPainting(area, [&](QPainter &painter) {
+        const auto circle = [&painter](const QPointF &center, bool filled) {
+            painter.setBrush(filled ? QBrush(opaqueRed) : QBrush());
+            painter.drawEllipse(QRectF(center.x() - 2, center.y() - 2, 4, 4));
+        };
+        const auto head = [&painter](const QPolygonF &corners) {
+            painter.setBrush(opaqueRed);
+            painter.drawPolygon(corners);
+        };
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(pen);
+        switch (style) {
+        case 1:
+        case 3:
+            painter.drawLine(startRim, endRim);
+            circle(start, false);
+            circle(end, style == 3);
+            break;
+        case 5:
+            head(slantedHead);
+            head(LineAnn::arrowHead(start, std::atan2(80, 60) + 3.14));
+            painter.drawLine(start, end);
+            break;
+        case 6:
+            circle(start, false);
+            head(slantedHead);
+            painter.drawLine(startRim, end);
+            break;
+        default:
+            head(slantedHead);
+            circle(start, true);
+            painter.drawLine(start, end);
+            break;
+        }
+    });
+    // The sine and cosine of the angle are off by a rounding error, which may tint a pixel.
+    QCOMPARE(MarkPicture::difference(MarkPicture::ofItem(&line, area), expected, 2), QString());
+}
+
+void TestLineAnn::paintingLeavesPenAndBrush_data()
+{
+    stylesHaveNamesInFiles_data();
+    QTest::newRow("unknown") << 8;
+}
+
+void TestLineAnn::paintingLeavesPenAndBrush()
+{
+    QFETCH(int, style);
     LineAnn line;
     line.setLine(0, 0, 100, 0);
-    line.setStyle(7);
+    line.setLinePen(QPen(red, 3));
+    line.setStyle(style);
+    const QPen pen(Qt::green, 7, Qt::DotLine);
+    const QBrush brush(Qt::yellow, Qt::CrossPattern);
     MarkPicture::ofPainting(canvas, [&](QPainter &painter) {
+        painter.setPen(pen);
+        painter.setBrush(brush);
         line.paintContent(&painter);
-        QCOMPARE(painter.brush(), QBrush());
+        QCOMPARE(painter.pen(), pen);
+        QCOMPARE(painter.brush(), brush);
+        line.paint(&painter, nullptr, nullptr);
+        QCOMPARE(painter.pen(), pen);
+        QCOMPARE(painter.brush(), brush);
     });
 }
 
@@ -372,6 +454,18 @@ void TestLineAnn::cloneIsACopyApart()
     copy->setPos(0, 0);
     QCOMPARE(MarkPicture::difference(MarkPicture::ofItem(copy.get(), canvas), MarkPicture::ofItem(&line, canvas)),
              QString());
+}
+
+void TestLineAnn::cloneOfALineWithoutAPenHasEmptyHeads()
+{
+    LineAnn line;
+    line.setLine(0, 0, 100, 0);
+    line.setStyle(7);
+    const std::unique_ptr<LineAnn> copy(line.clone());
+    copy->setPos(line.pos());
+    const QImage image = MarkPicture::ofItem(copy.get(), canvas);
+    QCOMPARE(MarkPicture::difference(image, MarkPicture::ofItem(&line, canvas)), QString());
+    QCOMPARE(image.pixelColor(20 + 94, 20 + 1), QColor(Qt::white)); // inside the head
 }
 
 void TestLineAnn::readLineHasOpaqueHeads()

@@ -11,7 +11,9 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTest>
+#include <QTextCursor>
 #include <QTextDocument>
+#include <QTextTable>
 
 #include <memory>
 
@@ -23,12 +25,15 @@ private slots:
     void attributesStandInTheirOrder();
     void textComesBack_data();
     void textComesBack();
+    void cellsOfATableAreLines();
+    void fontInPixelsIsWrittenAsMinusOne();
     void lookComesBack();
     void missingFieldsTakeDefaults();
     void fontFieldsStandAsTheyAre_data();
     void fontFieldsStandAsTheyAre();
     void firstTextElementCounts();
     void isNotPaintedInTheMaking();
+    void selectedBoxLooksAsQtDrawsIt();
     void readingLeavesTheFlags();
     void cloneCannotBeEdited();
     void typingIsUndoneInTheBox();
@@ -80,6 +85,34 @@ void TestTextBoxAnn::textComesBack()
     TextBoxAnn direct;
     direct.loadFromXml(root.firstChildElement(), {});
     QCOMPARE(exactText(*direct.document()), text);
+}
+
+void TestTextBoxAnn::cellsOfATableAreLines()
+{
+    // As pasted from a rich text.
+    TextBoxAnn box;
+    box.setPlainText("before");
+    QTextCursor cursor(box.document());
+    cursor.movePosition(QTextCursor::End);
+    const QTextTable *table = cursor.insertTable(1, 2);
+    table->cellAt(0, 0).firstCursorPosition().insertText("one");
+    table->cellAt(0, 1).firstCursorPosition().insertText("two");
+    QVERIFY(box.document()->toRawText().contains(QChar(0xfdd0)));
+    QVERIFY(box.document()->toRawText().contains(QChar(0xfdd1)));
+    QCOMPARE(exactText(*box.document()), box.toPlainText());
+    TextBoxAnn copy;
+    MarkXml::readStreamed(copy, MarkXml::streamed(box));
+    QCOMPARE(copy.toPlainText(), box.toPlainText());
+    QVERIFY(MarkXml::streamed(box).contains("before\none\ntwo"));
+}
+
+void TestTextBoxAnn::fontInPixelsIsWrittenAsMinusOne()
+{
+    QFont font("Arial");
+    font.setPixelSize(20);
+    TextBoxAnn box;
+    box.setFont(font);
+    QCOMPARE(MarkXml::attributes(MarkXml::streamed(box)).value("font_size"), "-1");
 }
 
 void TestTextBoxAnn::lookComesBack()
@@ -153,6 +186,22 @@ void TestTextBoxAnn::isNotPaintedInTheMaking()
     const QImage empty = MarkPicture::ofPainting(canvas, [](QPainter &) {});
     QCOMPARE(MarkPicture::ofPainting(canvas, [&](QPainter &painter) { box.paintContent(&painter); }), empty);
     QVERIFY(MarkPicture::ofItem(&box, canvas) != empty);
+}
+
+void TestTextBoxAnn::selectedBoxLooksAsQtDrawsIt()
+{
+    const QRectF canvas(0, 0, 100, 60);
+    TextBoxAnn box;
+    QGraphicsTextItem bare;
+    for (QGraphicsTextItem *item : std::initializer_list<QGraphicsTextItem *>{&box, &bare}) {
+        item->setFont(QFont("Arial", 14));
+        item->setDefaultTextColor(Qt::red);
+        item->setPlainText("Text");
+        item->setFlag(QGraphicsItem::ItemIsSelectable);
+    }
+    const QImage selected = MarkPicture::ofItem(&box, canvas, true);
+    QCOMPARE(MarkPicture::difference(selected, MarkPicture::ofItem(&bare, canvas, true)), QString());
+    QVERIFY(selected != MarkPicture::ofItem(&box, canvas, false));
 }
 
 void TestTextBoxAnn::readingLeavesTheFlags()
