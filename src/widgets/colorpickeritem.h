@@ -14,7 +14,7 @@ public:
 
     QColor color() const;
     QString text() const;
-    /// Whether the cell carries the mark of the chosen colour; the popup sees to it that at most one does.
+    /// Whether the cell carries the mark of a chosen colour.
     bool isSelected() const;
     void setSelected(bool selected);
 

@@ -37,17 +37,18 @@ void ColorPickerPopup::insertColor(const QColor &color, const QString &text, int
 {
     if (!color.isValid())
         return;
+    ColorPickerItem *last = find(m_lastSelected);
+    if (last)
+        last->setSelected(false);
     if (ColorPickerItem *existing = find(color)) {
         existing->setFocus();
-        select(existing);
+        existing->setSelected(true);
         return;
     }
 
     auto *item = new ColorPickerItem(color, text, this);
-    if (ColorPickerItem *last = find(m_lastSelected)) {
-        last->setSelected(false);
-    } else {
-        select(item);
+    if (!last) {
+        item->setSelected(true);
         m_lastSelected = color;
     }
     item->setFocus();
@@ -75,13 +76,6 @@ ColorPickerItem *ColorPickerPopup::find(const QColor &color) const
     return nullptr;
 }
 
-void ColorPickerPopup::select(ColorPickerItem *item)
-{
-    for (ColorPickerItem *other : std::as_const(m_items))
-        other->setSelected(false);
-    item->setSelected(true);
-}
-
 void ColorPickerPopup::getColorFromDialog()
 {
     // An open popup would keep mouse and keyboard from the dialog.
@@ -107,8 +101,12 @@ void ColorPickerPopup::getColorFromDialog()
 void ColorPickerPopup::updateSelected()
 {
     const QPointer<ColorPickerPopup> alive(this);
-    if (auto *item = qobject_cast<ColorPickerItem *>(sender())) {
-        select(item);
+    auto *item = qobject_cast<ColorPickerItem *>(sender());
+    for (ColorPickerItem *other : std::as_const(m_items)) {
+        if (other != item)
+            other->setSelected(false);
+    }
+    if (item) {
         const QColor color = item->color();
         m_lastSelected = color;
         emit selected(color);
@@ -141,14 +139,24 @@ void ColorPickerPopup::keyPressEvent(QKeyEvent *event)
 
 void ColorPickerPopup::showEvent(QShowEvent * /*event*/)
 {
-    const auto selectedItem =
-        std::find_if(m_items.cbegin(), m_items.cend(), [](const ColorPickerItem *item) { return item->isSelected(); });
-    if (selectedItem != m_items.cend())
-        (*selectedItem)->setFocus();
+    if (ColorPickerItem *marked = firstMarked())
+        marked->setFocus();
     else if (!m_items.isEmpty())
         m_items.first()->setFocus();
     else
         setFocus();
+}
+
+ColorPickerItem *ColorPickerPopup::firstMarked() const
+{
+    for (int column = 0; column < columnCount(); ++column) {
+        for (int row = 0; m_cells.contains({row, column}); ++row) {
+            auto *item = qobject_cast<ColorPickerItem *>(m_cells.value({row, column}));
+            if (item && item->isSelected())
+                return item;
+        }
+    }
+    return nullptr;
 }
 
 void ColorPickerPopup::hideEvent(QHideEvent *event)

@@ -89,7 +89,7 @@ void QtColorPicker::setCurrentColor(const QColor &col)
         m_popup->insertCustomColor(col);
     makeCurrent(col);
     m_popup->hide();
-    m_popup->select(m_popup->find(col));
+    m_popup->find(col)->setSelected(true);
     emit colorChanged(col);
 }
 
@@ -129,7 +129,7 @@ void QtColorPicker::buttonPressed(bool toggled)
     m_popup->adjustSize();
     m_popup->move(popupPosition());
     if (ColorPickerItem *item = m_popup->find(m_currentColor))
-        m_popup->select(item);
+        item->setSelected(true);
     if (QWidget *focused = m_popup->focusWidget())
         focused->clearFocus();
     m_popup->setFocus();

@@ -110,7 +110,8 @@ private slots:
     void invalidColorsAreIgnored();
     void newColorIsAddedAsCustom();
     void sameColorEmitsNothing();
-    void oneCellIsSelected();
+    void marksStayUntilAChoice();
+    void choiceWithoutACellClearsTheMarks();
 
     void opensBelowThePicker();
     void staysOnTheDesktop_data();
@@ -121,6 +122,7 @@ private slots:
     void escapeChangesNothing();
     void pressBesideThePopupClosesIt();
     void focusStartsOnTheCurrentColor();
+    void focusStartsOnTheFirstMarkByColumns();
     void mouseMovesTheFocus();
     void arrowKeys_data();
     void arrowKeys();
@@ -308,15 +310,47 @@ void TestQtColorPicker::sameColorEmitsNothing()
     QCOMPARE(picker.text(), "Red");
 }
 
-void TestQtColorPicker::oneCellIsSelected()
+void TestQtColorPicker::marksStayUntilAChoice()
+{
+    QtColorPicker picker(nullptr, -1, true);
+    picker.setStandardColors();
+    const ColorPickerPopup *popup = popupOf(picker);
+    // The first colour was marked, and lost its mark to the next one that came.
+    QVERIFY(selectedItems(popup).isEmpty());
+    picker.setCurrentColor(Qt::red);
+    picker.setCurrentColor(Qt::yellow);
+    QCOMPARE(selectedItems(popup), QList({popup->find(Qt::red), popup->find(Qt::yellow)}));
+
+    picker.show();
+    QVERIFY(openPopup(picker));
+    QTest::mouseClick(popup->find(Qt::gray), Qt::LeftButton);
+    QCOMPARE(selectedItems(popup), QList{popup->find(Qt::gray)});
+
+    // A colour that is new to the grid takes the mark from the one that was chosen there last.
+    picker.setCurrentColor(Qt::blue);
+    const QColor mixed(1, 2, 3);
+    picker.setCurrentColor(mixed);
+    QCOMPARE(selectedItems(popup), QList({popup->find(Qt::blue), popup->find(mixed)}));
+}
+
+void TestQtColorPicker::choiceWithoutACellClearsTheMarks()
 {
     QtColorPicker picker(nullptr, -1, true);
     picker.setStandardColors();
     picker.setCurrentColor(Qt::red);
-    picker.setCurrentColor(QColor(1, 2, 3));
-    picker.setCurrentColor(Qt::yellow);
-    const ColorPickerPopup *popup = popupOf(picker);
-    QCOMPARE(selectedItems(popup), QList{popup->find(Qt::yellow)});
+    picker.show();
+    QVERIFY(openPopup(picker));
+    ColorPickerPopup *popup = popupOf(picker);
+    QSignalSpy chosen(popup, &ColorPickerPopup::selected);
+    popup->updateSelected();
+    QVERIFY(selectedItems(popup).isEmpty());
+    QVERIFY(!popup->isVisible());
+    QCOMPARE(chosen.count(), 0);
+    QCOMPARE(picker.currentColor(), QColor(Qt::red));
+
+    // Opening the grid marks the current colour again.
+    QVERIFY(openPopup(picker));
+    QCOMPARE(selectedItems(popup), QList{popup->find(Qt::red)});
 }
 
 void TestQtColorPicker::opensBelowThePicker()
@@ -461,8 +495,12 @@ void TestQtColorPicker::focusStartsOnTheCurrentColor()
 {
     QtColorPicker picker(nullptr, -1, true);
     picker.setStandardColors();
-    picker.setCurrentColor(Qt::darkCyan);
     picker.show();
+    picker.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&picker));
+    QVERIFY(openPopup(picker));
+    QTest::mouseClick(popupOf(picker)->find(Qt::darkCyan), Qt::LeftButton);
+    QTRY_VERIFY(picker.hasFocus());
     QVERIFY(openPopup(picker));
     QCOMPARE(popupOf(picker)->focusWidget(), popupOf(picker)->find(Qt::darkCyan));
 
@@ -479,6 +517,23 @@ void TestQtColorPicker::focusStartsOnTheCurrentColor()
     bare.show();
     QVERIFY(QTest::qWaitForWindowExposed(&bare));
     QCOMPARE(bare.focusWidget(), bare.find(Qt::red));
+}
+
+void TestQtColorPicker::focusStartsOnTheFirstMarkByColumns()
+{
+    QtColorPicker picker(nullptr, -1, true);
+    picker.setStandardColors();
+    picker.show();
+    QVERIFY(openPopup(picker));
+    const ColorPickerPopup *popup = popupOf(picker);
+    QTest::mouseClick(popup->find(Qt::red), Qt::LeftButton);
+    picker.setCurrentColor(Qt::darkGray);
+    // Red stands in an earlier row, dark gray in an earlier column.
+    QCOMPARE(cellOf(popup, popup->find(Qt::red)), qMakePair(0, 2));
+    QCOMPARE(cellOf(popup, popup->find(Qt::darkGray)), qMakePair(3, 0));
+    QVERIFY(openPopup(picker));
+    QCOMPARE(selectedItems(popup), QList({popup->find(Qt::red), popup->find(Qt::darkGray)}));
+    QCOMPARE(popup->focusWidget(), popup->find(Qt::darkGray));
 }
 
 void TestQtColorPicker::mouseMovesTheFocus()
