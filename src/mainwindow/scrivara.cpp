@@ -292,6 +292,8 @@ void Scrivara::tabChanged()
         return;
     TRACE_ENTER;
     (logTrace << "Tab changed").eol(0);
+    // A gesture belongs to the page on which it began.
+    m_currentTool->abandonGesture();
     page->activateUndoStack();
     showTitle(page->fileName(), page->isModified());
     applyViewCursor();

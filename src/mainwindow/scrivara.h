@@ -230,6 +230,9 @@ private:
     void updateRecentFileActions();
     QString buildOpenFilter(const QString &selected) const;
 
+    // The only ways to another mode or tool: a gesture that is under way ends without a mark.
+    void setMode(DocumentMode mode);
+    void setCurrentTool(Tool *tool, QAction *action);
     void selectTool(Tool *tool, QAction *action);
     void selectDrawingTool(DrawingTool *tool, QAction *action);
     void applyToolColors(bool brushToo);

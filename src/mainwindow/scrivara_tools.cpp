@@ -79,11 +79,25 @@ void Scrivara::showToolCursor()
         view->setCursor(m_currentTool->makeCursor());
 }
 
+void Scrivara::setMode(DocumentMode mode)
+{
+    if (mode != m_mode)
+        m_currentTool->abandonGesture();
+    m_mode = mode;
+}
+
+void Scrivara::setCurrentTool(Tool *tool, QAction *action)
+{
+    if (tool != m_currentTool)
+        m_currentTool->abandonGesture();
+    m_currentTool = tool;
+    m_currentToolAction = action;
+}
+
 void Scrivara::selectTool(Tool *tool, QAction *action)
 {
     m_previousToolAction = m_currentToolAction;
-    m_currentTool = tool;
-    m_currentToolAction = action;
+    setCurrentTool(tool, action);
 }
 
 void Scrivara::setTextMode(bool text)
@@ -92,7 +106,7 @@ void Scrivara::setTextMode(bool text)
         return;
     TRACE_ENTER;
     (logTrace << "Set text mode").eol(0);
-    m_mode = TextMode;
+    setMode(TextMode);
     applyViewCursor();
     TRACE_LEAVE;
 }
@@ -103,14 +117,14 @@ void Scrivara::setTransformMode(bool transform)
         return;
     TRACE_ENTER;
     (logTrace << "Set transform mode").eol(0);
-    m_mode = TransformMode;
+    setMode(TransformMode);
     applyViewCursor();
     TRACE_LEAVE;
 }
 
 void Scrivara::selectDrawingTool(DrawingTool *tool, QAction *action)
 {
-    m_mode = ToolMode;
+    setMode(ToolMode);
     tool->updateSettings();
     tool->setPenColor(m_lineColorPicker->currentColor());
     selectTool(tool, action);
@@ -152,7 +166,7 @@ void Scrivara::useEraser(bool use)
     TRACE_ENTER;
     (logTrace << "Using eraser").eol(0);
     selectTool(m_eraser, actionToolEraser);
-    m_mode = ToolMode;
+    setMode(ToolMode);
     showToolCursor();
     TRACE_LEAVE;
 }
@@ -163,7 +177,7 @@ void Scrivara::useScreenShot(bool use)
         return;
     TRACE_ENTER;
     (logTrace << "Screenshot tool").eol(0);
-    m_mode = ToolMode;
+    setMode(ToolMode);
     m_screenShotTool->updateSettings();
     selectTool(m_screenShotTool, actionTakeScreenShot);
     showToolCursor();
@@ -175,11 +189,10 @@ void Scrivara::useLine(int styleId)
     TRACE_ENTER;
     (logTrace << "Use line, style Id: " << static_cast<double>(styleId)).eol(0);
     m_previousToolAction = m_currentToolAction;
-    m_mode = ToolMode;
+    setMode(ToolMode);
     if (isIndexOf(ActionTables::lines, styleId)) {
         const auto id = static_cast<std::size_t>(styleId);
-        m_currentTool = m_lineTools[id];
-        m_currentToolAction = this->*ActionTables::lines[id];
+        setCurrentTool(m_lineTools[id], this->*ActionTables::lines[id]);
     }
     applyToolColors(false);
     TRACE_LEAVE;
@@ -193,7 +206,7 @@ void Scrivara::useBracket(int styleId)
     (logTrace << "Use bracket, Id: " << static_cast<double>(styleId)).eol(0);
     const auto id = static_cast<std::size_t>(styleId);
     selectTool(m_bracketTools[id], this->*ActionTables::brackets[id]);
-    m_mode = ToolMode;
+    setMode(ToolMode);
     applyToolColors(false);
     TRACE_LEAVE;
 }
@@ -203,11 +216,10 @@ void Scrivara::useShape(int styleId)
     TRACE_ENTER;
     (logTrace << "Using shape, id: " << static_cast<double>(styleId)).eol(0);
     m_previousToolAction = m_currentToolAction;
-    m_mode = ToolMode;
+    setMode(ToolMode);
     if (isIndexOf(ActionTables::shapes, styleId)) {
         const auto id = static_cast<std::size_t>(styleId);
-        m_currentTool = m_shapeTools[id];
-        m_currentToolAction = this->*ActionTables::shapes[id];
+        setCurrentTool(m_shapeTools[id], this->*ActionTables::shapes[id]);
     }
     applyToolColors(true);
     TRACE_LEAVE;
@@ -229,11 +241,10 @@ void Scrivara::usePredefinedTool(int toolId)
     TRACE_ENTER;
     (logTrace << "Use predefined tool, Id: " << static_cast<double>(toolId)).eol(0);
     m_previousToolAction = m_currentToolAction;
-    m_mode = ToolMode;
+    setMode(ToolMode);
     if (isIndexOf(ActionTables::predefinedTools, toolId)) {
         const auto id = static_cast<std::size_t>(toolId);
-        m_currentTool = m_predefinedTools[id];
-        m_currentToolAction = this->*ActionTables::predefinedTools[id];
+        setCurrentTool(m_predefinedTools[id], this->*ActionTables::predefinedTools[id]);
         // The picker shows the colour in use.
         m_lineColorPicker->setCurrentColor(m_predefinedTools[id]->pen().color());
     }

@@ -20,7 +20,7 @@ int DragTool::kind() const
 void DragTool::mousePressed(QGraphicsSceneMouseEvent *event, Page *page)
 {
     (logTrace << m_traits.pressedText).eol(0);
-    m_page = page;
+    setPage(page);
     m_pressPoint = event->scenePos();
     setAnnotation(createAnnotation());
 }
@@ -30,21 +30,19 @@ void DragTool::mouseMoved(QGraphicsSceneMouseEvent *event, Page * /*page*/)
     if (!annotation())
         return;
     stretch(m_pressPoint, event->scenePos());
-    if (m_page)
-        m_page->invalidate();
+    if (page())
+        page()->invalidate();
 }
 
 void DragTool::mouseReleased(QGraphicsSceneMouseEvent *event, Page * /*page*/)
 {
     (logTrace << m_traits.releasedText).eol(0);
-    m_page = nullptr;
-    if (!annotation())
-        return;
     const QPointF way = event->scenePos() - m_pressPoint;
-    if (QPointF::dotProduct(way, way) < m_traits.minimumDistance) {
-        discardAnnotation();
+    if (!annotation() || QPointF::dotProduct(way, way) < m_traits.minimumDistance) {
+        abandonGesture();
         return;
     }
+    setPage(nullptr);
     stretch(m_pressPoint, event->scenePos());
     normalize();
 }

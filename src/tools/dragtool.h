@@ -4,7 +4,6 @@
 #include "tools/drawingtool.h"
 
 #include <QPointF>
-#include <QPointer>
 
 /// Drawing from the point of the press to the point of the release: lines, brackets and shapes.
 class DragTool : public DrawingTool
@@ -36,6 +35,5 @@ protected:
 private:
     int m_kind;
     Traits m_traits;
-    QPointer<Page> m_page; ///< Page of the running gesture.
-    QPointF m_pressPoint;  ///< Scene coordinates.
+    QPointF m_pressPoint; ///< Scene coordinates.
 };

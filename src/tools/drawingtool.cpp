@@ -2,6 +2,7 @@
 #include "tools/drawingtool.h"
 
 #include "annotations/annotation.h"
+#include "documents/page.h"
 
 #include <utility>
 
@@ -40,6 +41,16 @@ void DrawingTool::setBrushColor(const QColor &color)
 Annotation *DrawingTool::takeAnnotation()
 {
     return std::exchange(m_annotation, nullptr);
+}
+
+void DrawingTool::abandonGesture()
+{
+    const QPointer<Page> page = std::exchange(m_page, nullptr);
+    if (!m_annotation)
+        return;
+    setAnnotation(nullptr);
+    if (page)
+        page->invalidate();
 }
 
 QPen DrawingTool::pen() const
@@ -84,9 +95,14 @@ void DrawingTool::setAnnotation(Annotation *annotation)
     delete std::exchange(m_annotation, annotation);
 }
 
-void DrawingTool::discardAnnotation()
+void DrawingTool::setPage(Page *page)
 {
-    setAnnotation(nullptr);
+    m_page = page;
+}
+
+Page *DrawingTool::page() const
+{
+    return m_page;
 }
 
 void DrawingTool::setPen(const QPen &pen)

@@ -5,6 +5,7 @@
 
 #include <QBrush>
 #include <QPen>
+#include <QPointer>
 
 class Annotation;
 
@@ -21,6 +22,8 @@ public:
     virtual void setBrushColor(const QColor &color);
     /// Gives up the mark under construction: the caller owns it. Null when there is none.
     virtual Annotation *takeAnnotation();
+    /// Deletes the mark under construction and has its page painted anew without it.
+    void abandonGesture() override;
 
     QPen pen() const;
     QBrush brush() const;
@@ -35,13 +38,16 @@ public:
 protected:
     /// Starts a mark; one left over from a gesture that never ended is deleted.
     void setAnnotation(Annotation *annotation);
-    /// Deletes the mark under construction, for a gesture that was too short.
-    void discardAnnotation();
+    /// Remembers the page of the press, which may be null, until the gesture ends.
+    void setPage(Page *page);
+    /// The page of the running gesture; null between gestures and when the page has gone meanwhile.
+    Page *page() const;
     void setPen(const QPen &pen);
     void setBrush(const QBrush &brush);
 
 private:
     Annotation *m_annotation = nullptr;
+    QPointer<Page> m_page;
     QPen m_pen;
     QBrush m_brush{Qt::SolidPattern};
     bool m_antialiasing = true;

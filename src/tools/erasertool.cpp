@@ -37,3 +37,8 @@ void EraserTool::mouseReleased(QGraphicsSceneMouseEvent * /*event*/, Page * /*pa
     if (const QPointer<Page> page = std::exchange(m_page, nullptr))
         page->cutCommand();
 }
+
+void EraserTool::abandonGesture()
+{
+    m_page = nullptr;
+}

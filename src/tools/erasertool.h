@@ -15,6 +15,7 @@ public:
     void mousePressed(QGraphicsSceneMouseEvent *event, Page *page) override;
     void mouseMoved(QGraphicsSceneMouseEvent *event, Page *page) override;
     void mouseReleased(QGraphicsSceneMouseEvent *event, Page *page) override;
+    void abandonGesture() override;
 
 private:
     QPointer<Page> m_page; ///< Page of the running gesture.

@@ -18,7 +18,7 @@ void StrokeTool::mousePressed(QGraphicsSceneMouseEvent *event, Page *page)
     stroke()->setPen(pen());
     stroke()->setAntialiasing(antialiasing());
     MarkItem::makeHandy(*stroke());
-    m_page = page;
+    setPage(page);
     m_pressPoint = event->scenePos();
 }
 
@@ -27,22 +27,23 @@ void StrokeTool::mouseMoved(QGraphicsSceneMouseEvent *event, Page * /*page*/)
     if (!annotation())
         return;
     stroke()->addPoint(event->scenePos());
-    if (m_page) {
+    if (page()) {
         const double side = m_traits.repaintSide;
-        m_page->invalidate(event->scenePos().x() - side / 2, event->scenePos().y() - side / 2, side, side);
+        page()->invalidate(event->scenePos().x() - side / 2, event->scenePos().y() - side / 2, side, side);
     }
 }
 
 void StrokeTool::mouseReleased(QGraphicsSceneMouseEvent *event, Page * /*page*/)
 {
     (logTrace << m_traits.releasedText).eol(0);
-    m_page = nullptr;
-    if (!annotation())
+    if (annotation())
+        stroke()->finishCapture(true);
+    if (!annotation() || isClick(event->scenePos())) {
+        abandonGesture();
         return;
-    stroke()->finishCapture(true);
-    if (isClick(event->scenePos()))
-        discardAnnotation();
-    else if (smoothing())
+    }
+    setPage(nullptr);
+    if (smoothing())
         stroke()->smooth();
 }
 

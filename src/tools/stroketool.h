@@ -4,7 +4,6 @@
 #include "tools/drawingtool.h"
 
 #include <QPointF>
-#include <QPointer>
 
 class Stroke;
 
@@ -37,6 +36,5 @@ private:
     bool isClick(const QPointF &releasePoint) const;
 
     Traits m_traits;
-    QPointer<Page> m_page; ///< Page of the running gesture.
-    QPointF m_pressPoint;  ///< Scene coordinates.
+    QPointF m_pressPoint; ///< Scene coordinates.
 };

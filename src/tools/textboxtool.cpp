@@ -41,7 +41,7 @@ QCursor TextBoxTool::makeCursor()
 void TextBoxTool::mousePressed(QGraphicsSceneMouseEvent *event, Page *page)
 {
     (logTrace << "Text box tool pressed").eol(0);
-    m_page = page;
+    setPage(page);
     m_onTextBox = false;
     if (!page)
         return;
@@ -52,7 +52,7 @@ void TextBoxTool::mousePressed(QGraphicsSceneMouseEvent *event, Page *page)
     }
     if (m_useOnce && !m_fresh && m_host) {
         // The release belongs to the tool that is current by then; should it be this one, it places nothing.
-        m_page = nullptr;
+        setPage(nullptr);
         m_host->restorePreviousTool();
     }
 }
@@ -62,8 +62,8 @@ void TextBoxTool::mouseMoved(QGraphicsSceneMouseEvent * /*event*/, Page * /*page
 void TextBoxTool::mouseReleased(QGraphicsSceneMouseEvent *event, Page * /*page*/)
 {
     (logTrace << "Text box tool released").eol(0);
-    const bool pressedOnPage = !m_page.isNull();
-    m_page = nullptr;
+    const bool pressedOnPage = page();
+    setPage(nullptr);
     if (m_onTextBox || !pressedOnPage)
         return;
     auto *box = new TextBoxAnn;

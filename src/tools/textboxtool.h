@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QFont>
-#include <QPointer>
 
 class ToolHost;
 
@@ -29,7 +28,6 @@ protected:
 
 private:
     ToolHost *m_host;
-    QPointer<Page> m_page;    ///< Page of the press, while a release may place a box on it.
     QFont m_font;             ///< Font of new boxes.
     bool m_onTextBox = false; ///< The press landed on a box that is already there.
     bool m_useOnce = false;   ///< Leave the tool at the press after the first box.

@@ -24,3 +24,5 @@ void Tool::setFollowsSettings(bool follows)
 }
 
 void Tool::paintOverlay(QPainter * /*painter*/) {}
+
+void Tool::abandonGesture() {}

@@ -33,6 +33,9 @@ public:
     virtual void setFollowsSettings(bool follows);
     /// Paints above the scene while this tool is current; @p painter is in scene coordinates.
     virtual void paintOverlay(QPainter *painter);
+    /// Forgets a gesture whose release will not be this tool's, because another tool, mode or page takes the mouse.
+    /// Nothing comes of it. May be called at any time, also from inside the tool's own press or release.
+    virtual void abandonGesture();
 
 protected:
     /// Reads the tool's keys from the store. A tool without keys has nothing to do here.

@@ -94,6 +94,8 @@ const QList<ToolRow> &toolRows()
     return rows;
 }
 
+using IdSlot = void (Scrivara::*)(int);
+
 QPen penOf(const WindowProbe &window)
 {
     auto *tool = dynamic_cast<DrawingTool *>(window->currentTool());
@@ -111,6 +113,8 @@ QString checkedTool(const WindowProbe &window)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(IdSlot)
 
 class TestTools : public QObject
 {
@@ -139,6 +143,8 @@ private slots:
     void restore();
     void restoreSameTool();
     void idsOutOfRange();
+    void idOutOfRangeRecordsTheAction_data();
+    void idOutOfRangeRecordsTheAction();
     void uncheckRunsTheFamily();
     void selectedToolReadsItsSettings();
     void updateReachesTheCurrentTool();
@@ -445,9 +451,32 @@ void TestTools::idsOutOfRange()
     window->usePredefinedTool(12);
     QCOMPARE(window->currentTool(), eraser);
     QCOMPARE(window->mode(), int(ToolMode));
-    // The previous action was recorded: it is the eraser's own.
+}
+
+void TestTools::idOutOfRangeRecordsTheAction_data()
+{
+    QTest::addColumn<IdSlot>("use");
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QString>("back");
+    QTest::newRow("line") << &Scrivara::useLine << 9 << "actionToolEraser";
+    QTest::newRow("shape") << &Scrivara::useShape << 5 << "actionToolEraser";
+    QTest::newRow("predefined tool") << &Scrivara::usePredefinedTool << 12 << "actionToolEraser";
+    QTest::newRow("bracket") << &Scrivara::useBracket << 5 << "actionToolPen";
+}
+
+void TestTools::idOutOfRangeRecordsTheAction()
+{
+    QFETCH(const IdSlot, use);
+    QFETCH(const int, id);
+    QFETCH(const QString, back);
+    const TestFiles files;
+    const WindowProbe window({files.write(QStringLiteral("a.txt"))});
+    window.action("actionToolEraser")->trigger();
+    ((*window).*use)(id);
+    QVERIFY(isKind(window->currentTool(), Eraser));
     window->restorePreviousTool();
-    QCOMPARE(window->currentTool(), eraser);
+    QCOMPARE(checkedTool(window), back);
+    QCOMPARE(isKind(window->currentTool(), Eraser), back == QLatin1String("actionToolEraser"));
 }
 
 void TestTools::uncheckRunsTheFamily()

@@ -64,14 +64,17 @@ private slots:
     void settingsOfShapes();
     void styleNames_data();
     void styleNames();
+    void unknownStyleNameKeepsTheStyle();
     void settingsOutOfRangeAreClamped();
     void markIsSeenInTheMaking_data();
     void markIsSeenInTheMaking();
     void moveRepaintsTheWholeScene();
+    void droppedMarkIsWipedOff();
     void otherButtonsAndDoubleClicksDrawNothing();
     void toolChangeInMidDragLeavesNoMark();
     void modeChangeInMidDragIsClearedAtTheNextPress();
     void pressOnAMarkDrawsAndSelects();
+    void laterMarkIsDrawnOnTop();
 };
 
 void TestDragTools::dragsAtTheThreshold_data()
@@ -360,6 +363,29 @@ void TestDragTools::styleNames()
     QCOMPARE(dynamic_cast<RectangleAnn *>(shapeMark.get())->pen().style(), others);
 }
 
+void TestDragTools::unknownStyleNameKeepsTheStyle()
+{
+    LineTool lineTool(0);
+    BracketTool bracketTool(0);
+    ShapeTool shapeTool(0, true);
+    const auto styleOf = [](DrawingTool &tool, const char *name) {
+        QSettings().setValue("LineTool/LineStyle", name);
+        QSettings().setValue("ShapeTool/LineStyle", name);
+        tool.updateSettings();
+        const auto mark = pressedAndReleased(tool, start, {150, 150});
+        if (const auto *line = dynamic_cast<QGraphicsLineItem *>(mark.get()))
+            return line->pen().style();
+        return dynamic_cast<QAbstractGraphicsShapeItem &>(*mark).pen().style();
+    };
+    for (DrawingTool *tool : std::initializer_list<DrawingTool *>{&lineTool, &bracketTool, &shapeTool}) {
+        QCOMPARE(styleOf(*tool, "Dash"), Qt::DashLine);
+        QCOMPARE(styleOf(*tool, "Dash Dot"), tool == &lineTool ? Qt::DashDotLine : Qt::DashLine);
+        QCOMPARE(styleOf(*tool, "Dot"), Qt::DotLine);
+        QCOMPARE(styleOf(*tool, "Dash-Dot"), tool == &lineTool ? Qt::DotLine : Qt::DashDotLine);
+        QCOMPARE(styleOf(*tool, "no style"), tool == &lineTool ? Qt::DotLine : Qt::DashDotLine);
+    }
+}
+
 void TestDragTools::settingsOutOfRangeAreClamped()
 {
     QSettings settings;
@@ -415,6 +441,23 @@ void TestDragTools::moveRepaintsTheWholeScene()
     QTRY_VERIFY(!changes.isEmpty());
     const auto regions = changes.constFirst().constFirst().value<QList<QRectF>>();
     QCOMPARE(regions, QList<QRectF>{stage.page.sceneRect()});
+}
+
+void TestDragTools::droppedMarkIsWipedOff()
+{
+    ShapeTool tool(2, false);
+    GestureStage stage;
+    stage.use(&tool);
+    QSignalSpy changes(&stage.page, &QGraphicsScene::changed);
+    stage.press(start);
+    stage.move({200, 300});
+    stage.move(start);
+    QTRY_VERIFY(!changes.isEmpty());
+    changes.clear();
+    stage.release(start);
+    QVERIFY(stage.marks().isEmpty());
+    QTRY_VERIFY(!changes.isEmpty());
+    QCOMPARE(changes.constFirst().constFirst().value<QList<QRectF>>(), QList<QRectF>{stage.page.sceneRect()});
 }
 
 void TestDragTools::otherButtonsAndDoubleClicksDrawNothing()
@@ -483,6 +526,24 @@ void TestDragTools::pressOnAMarkDrawsAndSelects()
     QCOMPARE(stage.marks().size(), 2);
     QVERIFY(first->isSelected());
     QCOMPARE(first->pos(), start); // selected, but not dragged along
+}
+
+void TestDragTools::laterMarkIsDrawnOnTop()
+{
+    QSettings().setValue("ShapeTool/Transparency", 0);
+    GestureStage stage;
+    ShapeTool shape(0, true);
+    shape.updateSettings();
+    stage.use(&shape);
+    shape.setBrushColor(Qt::red);
+    stage.drag(start, {{200, 200}});
+    shape.setBrushColor(Qt::blue);
+    stage.drag({150, 150}, {{250, 250}});
+    const QImage picture = stage.picture({0, 0, 300, 300});
+    QCOMPARE(picture.pixelColor(120, 120), QColor(Qt::red));
+    QCOMPARE(picture.pixelColor(175, 175), QColor(Qt::blue));
+    for (Annotation *mark : stage.marks())
+        QCOMPARE(dynamic_cast<QGraphicsItem *>(mark)->zValue(), 0.0);
 }
 
 REGISTER_TEST(TestDragTools)

@@ -14,6 +14,7 @@
 
 #include <QGraphicsSceneMouseEvent>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <functional>
@@ -35,7 +36,6 @@ public:
 class BareTool : public DrawingTool
 {
 public:
-    using DrawingTool::discardAnnotation;
     using DrawingTool::DrawingTool;
     using DrawingTool::setAnnotation;
     using DrawingTool::setBrush;
@@ -76,9 +76,49 @@ struct Look
     bool smoothing;
 };
 
+using MakeTool = std::function<DrawingTool *()>;
+
 } // namespace
 
-Q_DECLARE_METATYPE(std::function<DrawingTool *()>)
+Q_DECLARE_METATYPE(MakeTool)
+
+namespace {
+
+/// Rows for the tools whose mark grows under the mouse, with a look that the settings do not change.
+void addDragTools()
+{
+    QTest::addColumn<MakeTool>("makeTool");
+    QTest::newRow("pen") << MakeTool([] { return new PenTool(Qt::red, 3, false); });
+    QTest::newRow("marker") << MakeTool([] { return new MarkerTool(Qt::red, false); });
+    QTest::newRow("shape") << MakeTool([] { return new ShapeTool(1, false); });
+    QTest::newRow("line") << MakeTool([] {
+        auto *tool = new LineTool(4);
+        tool->setFollowsSettings(false);
+        return tool;
+    });
+    QTest::newRow("bracket") << MakeTool([] {
+        auto *tool = new BracketTool(0);
+        tool->setFollowsSettings(false);
+        return tool;
+    });
+}
+
+/// These and the one that makes its mark at the release.
+void addTools()
+{
+    addDragTools();
+    QTest::newRow("text box") << MakeTool([] { return new TextBoxTool(nullptr, false); });
+}
+
+/// Draws so far that every tool would make a mark of it, and keeps the button down.
+void beginGesture(GestureStage &stage)
+{
+    stage.press({100, 100});
+    for (const QPointF &point : {QPointF(200, 150), QPointF(250, 220), QPointF(300, 200)})
+        stage.move(point);
+}
+
+} // namespace
 
 class TestDrawingTool : public QObject
 {
@@ -89,7 +129,7 @@ private slots:
 
     void startsWithAThinBluePen();
     void coloursKeepTheirAlpha();
-    void nothingChangesAToolThatDoesNotFollow_data();
+    void nothingChangesAToolThatDoesNotFollow_data() { addTools(); }
     void nothingChangesAToolThatDoesNotFollow();
     void whichToolsFollow();
     void takenMarkIsTheCallers();
@@ -98,6 +138,14 @@ private slots:
     void alphaOfTransparency();
     void movesBetweenGesturesChangeNothing();
     void eventsWithoutAPageAreTolerated();
+    void abandonedGestureLeavesNothing_data() { addTools(); }
+    void abandonedGestureLeavesNothing();
+    void abandonedMarkIsWipedOff_data() { addDragTools(); }
+    void abandonedMarkIsWipedOff();
+    void abandoningBetweenGesturesChangesNothing_data() { addTools(); }
+    void abandoningBetweenGesturesChangesNothing();
+    void gestureOfADeadPageCanBeAbandoned_data() { addTools(); }
+    void gestureOfADeadPageCanBeAbandoned();
 };
 
 void TestDrawingTool::startsWithAThinBluePen()
@@ -123,29 +171,9 @@ void TestDrawingTool::coloursKeepTheirAlpha()
     QCOMPARE(tool.brush().color(), QColor(20, 10, 5, 120));
 }
 
-void TestDrawingTool::nothingChangesAToolThatDoesNotFollow_data()
-{
-    using MakeTool = std::function<DrawingTool *()>;
-    QTest::addColumn<MakeTool>("makeTool");
-    QTest::newRow("pen") << MakeTool([] { return new PenTool(Qt::red, 3, false); });
-    QTest::newRow("marker") << MakeTool([] { return new MarkerTool(Qt::red, false); });
-    QTest::newRow("shape") << MakeTool([] { return new ShapeTool(1, false); });
-    QTest::newRow("text box") << MakeTool([] { return new TextBoxTool(nullptr, false); });
-    QTest::newRow("line") << MakeTool([] {
-        auto *tool = new LineTool(4);
-        tool->setFollowsSettings(false);
-        return tool;
-    });
-    QTest::newRow("bracket") << MakeTool([] {
-        auto *tool = new BracketTool(0);
-        tool->setFollowsSettings(false);
-        return tool;
-    });
-}
-
 void TestDrawingTool::nothingChangesAToolThatDoesNotFollow()
 {
-    QFETCH(std::function<DrawingTool *()>, makeTool);
+    QFETCH(MakeTool, makeTool);
     storeUnusualSettings();
     const std::unique_ptr<DrawingTool> tool(makeTool());
     QVERIFY(!tool->followsSettings());
@@ -201,7 +229,7 @@ void TestDrawingTool::newMarkReplacesTheOld()
     tool.setAnnotation(new CountedMark);
     tool.setAnnotation(new CountedMark);
     QCOMPARE(CountedMark::alive, 1);
-    tool.discardAnnotation();
+    tool.abandonGesture();
     QCOMPARE(CountedMark::alive, 0);
     QVERIFY(!tool.annotation());
 }
@@ -259,6 +287,80 @@ void TestDrawingTool::eventsWithoutAPageAreTolerated()
     QVERIFY(line.annotation());
     QVERIFY(shape.annotation());
     QVERIFY(!textBox.annotation()); // places a box on a page only
+}
+
+void TestDrawingTool::abandonedGestureLeavesNothing()
+{
+    QFETCH(MakeTool, makeTool);
+    const std::unique_ptr<DrawingTool> tool(makeTool());
+    GestureStage stage;
+    stage.use(tool.get());
+    beginGesture(stage);
+    tool->abandonGesture();
+    QVERIFY(!tool->annotation());
+
+    // Its release still comes, and so do moves and other buttons, which make nothing of it.
+    stage.release({300, 200});
+    stage.move({350, 250});
+    QVERIFY(!tool->annotation());
+    stage.press({350, 250}, Qt::MiddleButton);
+    stage.release({350, 250}, Qt::MiddleButton);
+    QVERIFY(stage.marks().isEmpty());
+    QCOMPARE(stage.undoSteps(), 0);
+
+    beginGesture(stage);
+    stage.release({300, 200});
+    QCOMPARE(stage.marks().size(), 1);
+}
+
+void TestDrawingTool::abandonedMarkIsWipedOff()
+{
+    QFETCH(MakeTool, makeTool);
+    const std::unique_ptr<DrawingTool> tool(makeTool());
+    GestureStage stage;
+    stage.use(tool.get());
+    const QRectF area(0, 0, 400, 300);
+    const QImage empty = stage.picture(area);
+    QSignalSpy changes(&stage.page, &QGraphicsScene::changed);
+    beginGesture(stage);
+    QVERIFY(stage.picture(area) != empty);
+    QTRY_VERIFY(!changes.isEmpty());
+    changes.clear();
+    tool->abandonGesture();
+    QCOMPARE(stage.picture(area), empty);
+    QTRY_VERIFY(!changes.isEmpty());
+    QCOMPARE(changes.constFirst().constFirst().value<QList<QRectF>>(), QList<QRectF>{stage.page.sceneRect()});
+}
+
+void TestDrawingTool::abandoningBetweenGesturesChangesNothing()
+{
+    QFETCH(MakeTool, makeTool);
+    const std::unique_ptr<DrawingTool> tool(makeTool());
+    const Look before(*tool);
+    tool->abandonGesture();
+    GestureStage stage;
+    stage.use(tool.get());
+    beginGesture(stage);
+    stage.release({300, 200});
+    tool->abandonGesture();
+    QCOMPARE(stage.marks().size(), 1);
+    QVERIFY(Look(*tool) == before);
+}
+
+void TestDrawingTool::gestureOfADeadPageCanBeAbandoned()
+{
+    QFETCH(MakeTool, makeTool);
+    const std::unique_ptr<DrawingTool> tool(makeTool());
+    {
+        Page page(nullptr);
+        QGraphicsSceneMouseEvent event;
+        event.setScenePos({10, 10});
+        tool->mousePressed(&event, &page);
+        event.setScenePos({50, 60});
+        tool->mouseMoved(&event, &page);
+    }
+    tool->abandonGesture();
+    QVERIFY(!tool->annotation());
 }
 
 REGISTER_TEST(TestDrawingTool)

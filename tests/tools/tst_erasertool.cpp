@@ -22,6 +22,18 @@ RectangleAnn *addRectangle(GestureStage &stage, const QRectF &rect)
     return rectangle;
 }
 
+/// A text box as its tool makes it; the page owns it.
+TextBoxAnn *addTextBox(GestureStage &stage, const QPointF &pos)
+{
+    auto *box = new TextBoxAnn;
+    box->setPlainText("Some text");
+    box->setTextInteractionFlags(Qt::TextEditorInteraction);
+    MarkItem::makeHandy(*box);
+    box->setPos(pos);
+    stage.page.addAnnotation(box);
+    return box;
+}
+
 } // namespace
 
 class TestEraserTool : public QObject
@@ -41,7 +53,9 @@ private slots:
     void otherButtonsRemoveNothing();
     void doubleClickRemovesOneMark();
     void textBoxIsErasedAtItsEdge();
+    void clickInsideATextBoxRemovesWhatWasSelected();
     void toolChangeInMidGestureRemovesNothing();
+    void abandonedGestureRemovesNothing();
     void cursorShowsWhereAMarkIs_data() { addZooms(); }
     void cursorShowsWhereAMarkIs();
     void worksWithoutAView();
@@ -178,18 +192,30 @@ void TestEraserTool::textBoxIsErasedAtItsEdge()
 {
     GestureStage stage;
     EraserTool tool;
-    auto *box = new TextBoxAnn;
-    box->setPlainText("Some text");
-    box->setTextInteractionFlags(Qt::TextEditorInteraction);
-    MarkItem::makeHandy(*box);
-    box->setPos(100, 100);
-    stage.page.addAnnotation(box);
+    addTextBox(stage, {100, 100});
     stage.use(&tool);
     // Inside, the press belongs to the caret and selects nothing; the rim of the box is its handle.
     stage.click({130, 112});
     QCOMPARE(stage.marks().size(), 1);
     stage.click({101, 112});
     QVERIFY(stage.marks().isEmpty());
+}
+
+void TestEraserTool::clickInsideATextBoxRemovesWhatWasSelected()
+{
+    GestureStage stage;
+    EraserTool tool;
+    auto *box = addTextBox(stage, {100, 100});
+    for (int i = 0; i < 2; ++i)
+        addRectangle(stage, QRectF(100 + 100 * i, 300, 50, 50))->setSelected(true);
+    auto *unselected = addRectangle(stage, {400, 300, 50, 50});
+    stage.use(&tool);
+    // The caret takes the press; the selection stays as it was, and the release cuts it.
+    stage.click({130, 112});
+    QCOMPARE(stage.marks(), (QList<Annotation *>{box, unselected}));
+    QVERIFY(box->hasFocus());
+    stage.undo();
+    QCOMPARE(stage.marks().size(), 4);
 }
 
 void TestEraserTool::toolChangeInMidGestureRemovesNothing()
@@ -207,6 +233,21 @@ void TestEraserTool::toolChangeInMidGestureRemovesNothing()
     stage.page.clearSelection();
     stage.click({400, 400});
     QCOMPARE(stage.marks().size(), 1);
+}
+
+void TestEraserTool::abandonedGestureRemovesNothing()
+{
+    GestureStage stage;
+    EraserTool tool;
+    auto *rectangle = addRectangle(stage, {100, 100, 50, 50});
+    stage.use(&tool);
+    stage.press({120, 120});
+    tool.abandonGesture();
+    stage.release({120, 120});
+    QVERIFY(rectangle->isSelected());
+    stage.press({300, 300}, Qt::MiddleButton);
+    stage.release({300, 300}, Qt::MiddleButton);
+    QCOMPARE(stage.marks(), QList<Annotation *>{rectangle});
 }
 
 void TestEraserTool::cursorShowsWhereAMarkIs()

@@ -52,6 +52,7 @@ private slots:
     void strokeIsSeenInTheMaking();
     void moveRepaintsASquare_data();
     void moveRepaintsASquare();
+    void droppedStrokeIsWipedOff();
     void otherButtonsDoNotDraw();
     void doubleClickDrawsNothing();
     void releaseOfAnotherButtonEndsTheStroke();
@@ -274,6 +275,23 @@ void TestStrokeTools::moveRepaintsASquare()
     QTRY_COMPARE(changes.size(), 1);
     const auto regions = changes.constFirst().constFirst().value<QList<QRectF>>();
     QCOMPARE(regions, QList<QRectF>{square});
+}
+
+void TestStrokeTools::droppedStrokeIsWipedOff()
+{
+    PenTool pen(Qt::red, 1, false);
+    GestureStage stage;
+    stage.use(&pen);
+    QSignalSpy changes(&stage.page, &QGraphicsScene::changed);
+    stage.press(start);
+    stage.move({300, 300});
+    stage.move(start);
+    QTRY_VERIFY(!changes.isEmpty());
+    changes.clear();
+    stage.release(start);
+    QVERIFY(stage.marks().isEmpty());
+    QTRY_VERIFY(!changes.isEmpty());
+    QCOMPARE(changes.constFirst().constFirst().value<QList<QRectF>>(), QList<QRectF>{stage.page.sceneRect()});
 }
 
 void TestStrokeTools::otherButtonsDoNotDraw()

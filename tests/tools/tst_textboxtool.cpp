@@ -39,6 +39,7 @@ private slots:
     void usedOnceABoxMayStillBeClicked();
     void updatedSettingsAllowAnotherBox();
     void previousToolThatIsThisOnePlacesNothing();
+    void mayBeAbandonedInItsOwnPress();
     void otherButtonsPlaceNothing();
     void doubleClickPlacesOneBox();
     void releaseAfterAToolChangePlacesNothing();
@@ -237,6 +238,30 @@ void TestTextBoxTool::previousToolThatIsThisOnePlacesNothing()
     QCOMPARE(stage.marks().size(), 1);
     stage.click(otherSpot);
     QCOMPARE(stage.marks().size(), 2);
+}
+
+void TestTextBoxTool::mayBeAbandonedInItsOwnPress()
+{
+    QSettings().setValue("TextBoxTool/UseOnce", true);
+    GestureStage stage;
+    FakeToolHost host;
+    PenTool pen(Qt::red, 1, false);
+    TextBoxTool tool(&host, true);
+    host.onRestore = [&] {
+        tool.abandonGesture();
+        stage.use(&pen);
+    };
+    tool.updateSettings();
+    stage.use(&tool);
+    stage.click(spot);
+    stage.click(otherSpot);
+    QCOMPARE(host.restored, 1);
+    QCOMPARE(stage.marks().size(), 1);
+    // Current again, it places nothing without a press.
+    tool.updateSettings();
+    stage.use(&tool);
+    stage.release(otherSpot, Qt::MiddleButton);
+    QCOMPARE(stage.marks().size(), 1);
 }
 
 void TestTextBoxTool::otherButtonsPlaceNothing()
