@@ -18,5 +18,5 @@ bool settingOr(const QSettings &settings, const QString &key, bool fallback)
 int fontSizeSetting(const QSettings &settings, const QString &key, int fallback)
 {
     constexpr int largest = 500;
-    return std::clamp(settingOr(settings, key, fallback), 1, largest);
+    return std::clamp(settingOr(settings, key, fallback), 0, largest);
 }

@@ -18,5 +18,6 @@ template<typename T> T settingOr(const QSettings &settings, const QString &key, 
 /// word for true.)
 bool settingOr(const QSettings &settings, const QString &key, bool fallback);
 
-/// The same for the size of a font in points, which it keeps between 1 and 500: beyond, it can only be damage.
+/// The same for the size of a font in points, which it keeps between 0 and 500: beyond, it can only be damage. 0 lets
+/// QFont choose.
 int fontSizeSetting(const QSettings &settings, const QString &key, int fallback);

@@ -131,7 +131,7 @@ void TestSetting::valuesOfThisRun()
 
 void TestSetting::fontSize_data()
 {
-    addRows<int>(12, {{"zero", 1}, {"one", 1}, {"negative", 1}});
+    addRows<int>(12, {{"zero", 0}, {"one", 1}, {"negative", 0}});
     QTest::newRow("usual") << QByteArray("14") << 14;
     QTest::newRow("largest") << QByteArray("500") << 500;
     QTest::newRow("too large") << QByteArray("501") << 500;

@@ -90,6 +90,11 @@ QStringList argumentsAt(const QString &text, qsizetype from)
     return arguments;
 }
 
+bool isParameter(const QString &text)
+{
+    return text.startsWith(QLatin1String("const ")) || text.startsWith(QLatin1String("QString "));
+}
+
 QList<KeyCall> callsIn(const Source &source)
 {
     static const QRegularExpression pattern(
@@ -102,7 +107,7 @@ QList<KeyCall> callsIn(const Source &source)
         const QStringList arguments = argumentsAt(source.text, match.capturedEnd());
         const int place = keyArguments().value(function);
         // A parameter list is no call, and other classes have functions of these names with fewer arguments.
-        const bool isCall = arguments.size() > std::max(place, 1) && !arguments.at(place).startsWith("const ");
+        const bool isCall = arguments.size() > std::max(place, 1) && !isParameter(arguments.at(place));
         if (isCall)
             calls.append({source.name, function, arguments.at(place), arguments.value(place + 1)});
     }
@@ -267,7 +272,7 @@ void TestSettingsKeys::keysHandedOnMeetTheRightDefault()
         "src/widgets/dontdialog.cpp: settingOr(answerKey(m_key), true)",
         "src/widgets/dontdialog.cpp: settingOr(m_key, true)",
     };
-    QCOMPARE(found.join('\n'), expected.join('\n'));
+    QVERIFY2(found == expected, qPrintable(found.join('\n')));
     for (const SettingsKey &key : settingsKeys()) {
         const QByteArray call = key.call;
         if (call.isEmpty() || call == "drawSelection")

@@ -282,7 +282,7 @@ const QList<Row> &documentRows()
          [](const WindowProbe &window) { return window.page()->documentFont().family(); }, "Courier", "Arial", "Arial",
          "-5", QString(100'000, 'x')},
         {"PageView/DefaultFontSize", Number,
-         [](const WindowProbe &window) { return window.page()->documentFont().pointSize(); }, 10, 14, 14, 1, 500},
+         [](const WindowProbe &window) { return window.page()->documentFont().pointSize(); }, 10, 14, 14, 12, 500},
         {"Syntax/HighlightByDefault", Truth,
          [](const WindowProbe &window) { return window.syntaxButton()->isChecked(); }, true, false, false, true, true},
     };
@@ -309,7 +309,7 @@ const QList<Row> &toolRows()
         {"TextBoxTool/DefaultFontFamily", Text, [](const WindowProbe &window) { return fontOfNewBox(window).family(); },
          "Courier", "Arial", "Arial", "-5", QString(100'000, 'x')},
         {"TextBoxTool/DefaultFontSize", Number,
-         [](const WindowProbe &window) { return fontOfNewBox(window).pointSize(); }, 10, 14, 14, 1, 500},
+         [](const WindowProbe &window) { return fontOfNewBox(window).pointSize(); }, 10, 14, 14, 12, 500},
         {"LineTool/LineWidth", Number, penWidth("actionSimpleLine"), 0, 3, 3, 0, 1000},
         {"LineTool/LineWidth", Number, penWidth("actionCurlyBracket"), 0, 3, 3, 0, 1000},
         {"LineTool/LineStyle", Text, penStyle("actionSimpleLine"), solid, "Dot", dot, solid, solid},
