@@ -1,0 +1,1378 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pl" sourcelanguage="en">
+<context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About</source>
+        <translation>O programie</translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation>Licencja</translation>
+    </message>
+    <message>
+        <source>HomePage</source>
+        <translation>Strona domowa</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Informacje</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>&apos;About&apos; information not available!</source>
+        <translation>Informacje o programie są niedostępne!</translation>
+    </message>
+    <message>
+        <source>No information about license available!</source>
+        <translation>Informacje o licencji są niedostępne!</translation>
+    </message>
+    <message>
+        <source> About</source>
+        <translation> – O programie</translation>
+    </message>
+    <message>
+        <source>Copyright Moorfield. Comes without any warranty.</source>
+        <translation>Copyright Moorfield. Program jest udostępniany bez żadnej gwarancji.</translation>
+    </message>
+</context>
+<context>
+    <name>ColorPickerPopup</name>
+    <message>
+        <source>Custom</source>
+        <translation>Własny</translation>
+    </message>
+    <message>
+        <source>More colors</source>
+        <translation>Więcej kolorów</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentItem</name>
+    <message>
+        <source>Adjustment</source>
+        <translation>Dopasowanie</translation>
+    </message>
+    <message>
+        <source>Font of the document has been changed! Kestrin 7 is about to use an automatic procedure to adjust position and size of all annotations. Anyhow we highly recomend you to review the document, since by-hand adjustments may be still needed!</source>
+        <translation>Zmieniono czcionkę dokumentu! Kestrin 7 automatycznie dopasuje położenie i rozmiar wszystkich adnotacji. Mimo to zalecamy przejrzenie dokumentu, ponieważ mogą być potrzebne ręczne poprawki!</translation>
+    </message>
+</context>
+<context>
+    <name>DontDialog</name>
+    <message>
+        <source>Dialog</source>
+        <translation>Okno dialogowe</translation>
+    </message>
+    <message>
+        <source>never show this message again</source>
+        <translation>nie pokazuj więcej tego komunikatu</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Tak</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>EventLog</name>
+    <message>
+        <source>Application Crashed</source>
+        <translation>Awaria programu</translation>
+    </message>
+    <message>
+        <source>Ooops, Kestrin 7 crashed! Please, send files &apos;sys\logs\dumped.dat&apos; and       &apos;sys\logs\log.dat&apos; to the Kestrin 7 support team. This will help to find the reason of this behavior.</source>
+        <translation>Ups, Kestrin 7 uległ awarii! Prosimy o przesłanie plików &apos;sys\logs\dumped.dat&apos; i &apos;sys\logs\log.dat&apos; do zespołu pomocy Kestrin 7. Pomoże to znaleźć przyczynę problemu.</translation>
+    </message>
+</context>
+<context>
+    <name>FullscreenDialog</name>
+    <message>
+        <source>Standard view</source>
+        <translation>Widok standardowy</translation>
+    </message>
+    <message>
+        <source>Quit Kestrin 7</source>
+        <translation>Zakończ Kestrin 7</translation>
+    </message>
+</context>
+<context>
+    <name>IoSystem</name>
+    <message>
+        <source>I/O Error 0x00608004</source>
+        <translation>Błąd we/wy 0x00608004</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open file %1
+Error code: %2</source>
+        <translation>Nie można otworzyć pliku %1
+Kod błędu: %2</translation>
+    </message>
+    <message>
+        <source>I/O Error</source>
+        <translation>Błąd we/wy</translation>
+    </message>
+    <message>
+        <source>Cannot save file %1.
+Error code: </source>
+        <translation>Nie można zapisać pliku %1.
+Kod błędu: </translation>
+    </message>
+    <message>
+        <source>Kestrin 7 I/O Error</source>
+        <translation>Błąd we/wy programu Kestrin 7</translation>
+    </message>
+    <message>
+        <source>Cannot open file %1!</source>
+        <translation>Nie można otworzyć pliku %1!</translation>
+    </message>
+    <message>
+        <source>I/O Error 0x00608005</source>
+        <translation>Błąd we/wy 0x00608005</translation>
+    </message>
+    <message>
+        <source>Can&apos;t save file %1.
+Error code: </source>
+        <translation>Nie można zapisać pliku %1.
+Kod błędu: </translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>File</source>
+        <translation>Plik</translation>
+    </message>
+    <message>
+        <source>Recent Files</source>
+        <translation>Ostatnie pliki</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Edycja</translation>
+    </message>
+    <message>
+        <source>Tool</source>
+        <translation>Narzędzia</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linia</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>Kształt</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>Nawias</translation>
+    </message>
+    <message>
+        <source>Predefined Pens</source>
+        <translation>Gotowe pisaki</translation>
+    </message>
+    <message>
+        <source>Predefined Markers</source>
+        <translation>Gotowe zakreślacze</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ustawienia</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Narzędzia</translation>
+    </message>
+    <message>
+        <source>Change Language</source>
+        <translation>Zmień język</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Widok</translation>
+    </message>
+    <message>
+        <source>Toolbars</source>
+        <translation>Paski narzędzi</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>Dodatki</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Pomoc</translation>
+    </message>
+    <message>
+        <source>New Text File</source>
+        <translation>Nowy plik tekstowy</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Otwórz...</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importuj...</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Zapisz jako...</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>Zapisz...</translation>
+    </message>
+    <message>
+        <source>Print...</source>
+        <translation>Drukuj...</translation>
+    </message>
+    <message>
+        <source>Send E-mail...</source>
+        <translation>Wyślij e-mail...</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Zakończ</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Zamknij</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Cofnij</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Ponów</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopiuj</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Wytnij</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Wklej</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Usuń</translation>
+    </message>
+    <message>
+        <source>Delete All Annotations...</source>
+        <translation>Usuń wszystkie adnotacje...</translation>
+    </message>
+    <message>
+        <source>Find...</source>
+        <translation>Znajdź...</translation>
+    </message>
+    <message>
+        <source>&amp;Online Support...</source>
+        <translation>&amp;Pomoc w Internecie...</translation>
+    </message>
+    <message>
+        <source>Kestrin 7 Website...</source>
+        <translation>Strona internetowa Kestrin 7...</translation>
+    </message>
+    <message>
+        <source>About...</source>
+        <translation>O programie...</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>Pisak</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Zakreślacz</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Prostokąt</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Powiększ</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Pomniejsz</translation>
+    </message>
+    <message>
+        <source>Full Screen Mode</source>
+        <translation>Tryb pełnoekranowy</translation>
+    </message>
+    <message>
+        <source>Hide Annotations</source>
+        <translation>Ukryj adnotacje</translation>
+    </message>
+    <message>
+        <source>Export to PDF...</source>
+        <translation>Eksportuj do PDF...</translation>
+    </message>
+    <message>
+        <source>Text Mode</source>
+        <translation>Tryb tekstu</translation>
+    </message>
+    <message>
+        <source>Konfiguracja...</source>
+        <translation>Konfiguracja...</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>Czarny</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Czerwony</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Zielony</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Niebieski</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Żółty</translation>
+    </message>
+    <message>
+        <source>Printout...</source>
+        <translation>Wydruk...</translation>
+    </message>
+    <message>
+        <source>Syntax Highlighting...</source>
+        <translation>Podświetlanie składni...</translation>
+    </message>
+    <message>
+        <source>Page View...</source>
+        <translation>Widok strony...</translation>
+    </message>
+    <message>
+        <source>General...</source>
+        <translation>Ogólne...</translation>
+    </message>
+    <message>
+        <source>bla</source>
+        <translation>bla</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Elipsa</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>Gumka</translation>
+    </message>
+    <message>
+        <source>Snapshot Tool</source>
+        <translation>Narzędzie Migawka</translation>
+    </message>
+    <message>
+        <source>List of Active Tags</source>
+        <translation>Lista aktywnych znaczników</translation>
+    </message>
+    <message>
+        <source>Bookmarks List...</source>
+        <translation>Lista zakładek...</translation>
+    </message>
+    <message>
+        <source>Customize...</source>
+        <translation>Dostosuj...</translation>
+    </message>
+    <message>
+        <source>Empty Circles</source>
+        <translation>Puste kółka</translation>
+    </message>
+    <message>
+        <source>Simple </source>
+        <translation>Zwykła </translation>
+    </message>
+    <message>
+        <source>Filled Circles</source>
+        <translation>Pełne kółka</translation>
+    </message>
+    <message>
+        <source>Empty / Filled Circle</source>
+        <translation>Puste / pełne kółko</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Strzałka</translation>
+    </message>
+    <message>
+        <source>Double Arrow</source>
+        <translation>Podwójna strzałka</translation>
+    </message>
+    <message>
+        <source>Empty Circle / Arrow</source>
+        <translation>Puste kółko / strzałka</translation>
+    </message>
+    <message>
+        <source>Filled Circle / Arrow</source>
+        <translation>Pełne kółko / strzałka</translation>
+    </message>
+    <message>
+        <source>Rounded Rectangle</source>
+        <translation>Zaokrąglony prostokąt</translation>
+    </message>
+    <message>
+        <source>Transformation Mode</source>
+        <translation>Tryb przekształcania</translation>
+    </message>
+    <message>
+        <source>One Line</source>
+        <translation>Jeden wiersz</translation>
+    </message>
+    <message>
+        <source>Multi Line</source>
+        <translation>Wiele wierszy</translation>
+    </message>
+    <message>
+        <source>M Line</source>
+        <translation>Wiersze</translation>
+    </message>
+    <message>
+        <source>Curly</source>
+        <translation>Klamrowy</translation>
+    </message>
+    <message>
+        <source>Square</source>
+        <translation>Kwadratowy</translation>
+    </message>
+    <message>
+        <source>Text Box</source>
+        <translation>Pole tekstowe</translation>
+    </message>
+    <message>
+        <source>Show Statistics...</source>
+        <translation>Pokaż statystykę...</translation>
+    </message>
+    <message>
+        <source>Pen...</source>
+        <translation>Pisak...</translation>
+    </message>
+    <message>
+        <source>Marker...</source>
+        <translation>Zakreślacz...</translation>
+    </message>
+    <message>
+        <source>Text Box...</source>
+        <translation>Pole tekstowe...</translation>
+    </message>
+    <message>
+        <source>Line...</source>
+        <translation>Linia...</translation>
+    </message>
+    <message>
+        <source>Shape...</source>
+        <translation>Kształt...</translation>
+    </message>
+    <message>
+        <source>Snapshot...</source>
+        <translation>Migawka...</translation>
+    </message>
+    <message>
+        <source>Print Preview...</source>
+        <translation>Podgląd wydruku...</translation>
+    </message>
+    <message>
+        <source>adasd</source>
+        <translation>adasd</translation>
+    </message>
+    <message>
+        <source>Compact</source>
+        <translation>Kompaktowy</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standardowy</translation>
+    </message>
+    <message>
+        <source>Minimal</source>
+        <translation>Minimalny</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>Polski</source>
+        <translation>Polski</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>Język systemu</translation>
+    </message>
+    <message>
+        <source>Save Annotations...</source>
+        <translation>Zapisz adnotacje...</translation>
+    </message>
+    <message>
+        <source>E-mail...</source>
+        <translation>E-mail...</translation>
+    </message>
+    <message>
+        <source>Francais</source>
+        <translation>Français</translation>
+    </message>
+</context>
+<context>
+    <name>Page</name>
+    <message>
+        <source>I/O Error</source>
+        <translation>Błąd we/wy</translation>
+    </message>
+    <message>
+        <source>File %1 not found or its format is currently unsupported!</source>
+        <translation>Nie znaleziono pliku %1 lub jego format nie jest obsługiwany!</translation>
+    </message>
+    <message>
+        <source>I/O Warning</source>
+        <translation>Ostrzeżenie we/wy</translation>
+    </message>
+    <message>
+        <source>Can&apos;t save file %1</source>
+        <translation>Nie można zapisać pliku %1</translation>
+    </message>
+    <message>
+        <source>Kestrin 7</source>
+        <translation>Kestrin 7</translation>
+    </message>
+    <message>
+        <source>Document [%1] contains annotations.
+Do you want to save it as an &apos;Annotated&apos; OXN file?</source>
+        <translation>Dokument [%1] zawiera adnotacje.
+Czy chcesz zapisać go jako plik OXN z adnotacjami?</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>Plik %1 już istnieje.
+Czy chcesz go zastąpić?</translation>
+    </message>
+</context>
+<context>
+    <name>PageStack</name>
+    <message>
+        <source>Close File</source>
+        <translation>Zamknij plik</translation>
+    </message>
+    <message>
+        <source>Close All Files</source>
+        <translation>Zamknij wszystkie pliki</translation>
+    </message>
+    <message>
+        <source>Close Other Files</source>
+        <translation>Zamknij pozostałe pliki</translation>
+    </message>
+    <message>
+        <source>Kestrin 7</source>
+        <translation>Kestrin 7</translation>
+    </message>
+    <message>
+        <source>Document [%1] has been modified.
+Do you want to save changes?</source>
+        <translation>Dokument [%1] został zmieniony.
+Czy chcesz zapisać zmiany?</translation>
+    </message>
+    <message>
+        <source>Kestrin7 Files (*.oxn);;</source>
+        <translation>Pliki Kestrin7 (*.oxn);;</translation>
+    </message>
+    <message>
+        <source>Image Files (%1);;</source>
+        <translation>Pliki graficzne (%1);;</translation>
+    </message>
+    <message>
+        <source>All Files (*.*);;</source>
+        <translation>Wszystkie pliki (*.*);;</translation>
+    </message>
+    <message>
+        <source>Save As File</source>
+        <translation>Zapisz jako plik</translation>
+    </message>
+</context>
+<context>
+    <name>QtColorPicker</name>
+    <message>
+        <source>Black</source>
+        <translation>Czarny</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>Biały</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Czerwony</translation>
+    </message>
+    <message>
+        <source>Dark red</source>
+        <translation>Ciemnoczerwony</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Zielony</translation>
+    </message>
+    <message>
+        <source>Dark green</source>
+        <translation>Ciemnozielony</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Niebieski</translation>
+    </message>
+    <message>
+        <source>Dark blue</source>
+        <translation>Ciemnoniebieski</translation>
+    </message>
+    <message>
+        <source>Cyan</source>
+        <translation>Cyjan</translation>
+    </message>
+    <message>
+        <source>Dark cyan</source>
+        <translation>Ciemny cyjan</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>Dark magenta</source>
+        <translation>Ciemna magenta</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Żółty</translation>
+    </message>
+    <message>
+        <source>Dark yellow</source>
+        <translation>Ciemnożółty</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>Szary</translation>
+    </message>
+    <message>
+        <source>Dark gray</source>
+        <translation>Ciemnoszary</translation>
+    </message>
+    <message>
+        <source>Light gray</source>
+        <translation>Jasnoszary</translation>
+    </message>
+</context>
+<context>
+    <name>QtToolBarDialog</name>
+    <message>
+        <source>Customize Toolbars</source>
+        <translation>Dostosuj paski narzędzi</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Akcje</translation>
+    </message>
+    <message>
+        <source>Toolbars</source>
+        <translation>Paski narzędzi</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nowy</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Usuń</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Zmień nazwę</translation>
+    </message>
+    <message>
+        <source>Current Toolbar Actions</source>
+        <translation>Akcje bieżącego paska narzędzi</translation>
+    </message>
+    <message>
+        <source>Add to the toolbar</source>
+        <translation>Dodaj do paska narzędzi</translation>
+    </message>
+    <message>
+        <source>Take out of the toolbar</source>
+        <translation>Usuń z paska narzędzi</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>W górę</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>W dół</translation>
+    </message>
+    <message>
+        <source>Restore All</source>
+        <translation>Przywróć wszystko</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Zastosuj</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Anuluj</translation>
+    </message>
+    <message>
+        <source>&lt; S E P A R A T O R &gt;</source>
+        <translation>&lt; S E P A R A T O R &gt;</translation>
+    </message>
+    <message>
+        <source>Custom Toolbar</source>
+        <translation>Własny pasek narzędzi</translation>
+    </message>
+</context>
+<context>
+    <name>Scrivara</name>
+    <message>
+        <source>Line Color</source>
+        <translation>Kolor linii</translation>
+    </message>
+    <message>
+        <source>Fill Color</source>
+        <translation>Kolor wypełnienia</translation>
+    </message>
+    <message>
+        <source>Text Files (*.txt)</source>
+        <translation>Pliki tekstowe (*.txt)</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Otwórz plik</translation>
+    </message>
+    <message>
+        <source>Image Files (</source>
+        <translation>Pliki graficzne (</translation>
+    </message>
+    <message>
+        <source>Kestrin 7 Files (*.oxn);;</source>
+        <translation>Pliki Kestrin 7 (*.oxn);;</translation>
+    </message>
+    <message>
+        <source>Text Files (*.txt);;</source>
+        <translation>Pliki tekstowe (*.txt);;</translation>
+    </message>
+    <message>
+        <source>C/C++ Files (*.c *.c++ *.cc *.cpp *.h);;</source>
+        <translation>Pliki C/C++ (*.c *.c++ *.cc *.cpp *.h);;</translation>
+    </message>
+    <message>
+        <source>C# Files (*.cs);;</source>
+        <translation>Pliki C# (*.cs);;</translation>
+    </message>
+    <message>
+        <source>Fortran Files (*.f);;</source>
+        <translation>Pliki Fortran (*.f);;</translation>
+    </message>
+    <message>
+        <source>Java Files (*.java);;</source>
+        <translation>Pliki Java (*.java);;</translation>
+    </message>
+    <message>
+        <source>Perl Files (*.pl);;</source>
+        <translation>Pliki Perl (*.pl);;</translation>
+    </message>
+    <message>
+        <source>PHP Files (*.php *.phps);;</source>
+        <translation>Pliki PHP (*.php *.phps);;</translation>
+    </message>
+    <message>
+        <source>Python Files (*.py);;</source>
+        <translation>Pliki Python (*.py);;</translation>
+    </message>
+    <message>
+        <source>Ruby Files (*.rb);;</source>
+        <translation>Pliki Ruby (*.rb);;</translation>
+    </message>
+    <message>
+        <source>All Files (*.*);;</source>
+        <translation>Wszystkie pliki (*.*);;</translation>
+    </message>
+    <message>
+        <source>&amp;%1 %2</source>
+        <translation>&amp;%1 %2</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Plik</translation>
+    </message>
+    <message>
+        <source>Recent Files</source>
+        <translation>Ostatnie pliki</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Edycja</translation>
+    </message>
+    <message>
+        <source>Tool</source>
+        <translation>Narzędzia</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linia</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>Kształt</translation>
+    </message>
+    <message>
+        <source>Bracket</source>
+        <translation>Nawias</translation>
+    </message>
+    <message>
+        <source>Predefined Pens</source>
+        <translation>Gotowe pisaki</translation>
+    </message>
+    <message>
+        <source>Predefined Markers</source>
+        <translation>Gotowe zakreślacze</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ustawienia</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Narzędzia</translation>
+    </message>
+    <message>
+        <source>Change Language...</source>
+        <translation>Zmień język...</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Widok</translation>
+    </message>
+    <message>
+        <source>Toolbars</source>
+        <translation>Paski narzędzi</translation>
+    </message>
+    <message>
+        <source>Extras</source>
+        <translation>Dodatki</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Pomoc</translation>
+    </message>
+    <message>
+        <source>New Text File</source>
+        <translation>Nowy plik tekstowy</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Otwórz...</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>Zapisz...</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Zapisz jako...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Zamknij</translation>
+    </message>
+    <message>
+        <source>Export to PDF...</source>
+        <translation>Eksportuj do PDF...</translation>
+    </message>
+    <message>
+        <source>Print Preview...</source>
+        <translation>Podgląd wydruku...</translation>
+    </message>
+    <message>
+        <source>Print...</source>
+        <translation>Drukuj...</translation>
+    </message>
+    <message>
+        <source>Send E-mail...</source>
+        <translation>Wyślij e-mail...</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Zakończ</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Cofnij</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Ponów</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Wytnij</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopiuj</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Wklej</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Usuń</translation>
+    </message>
+    <message>
+        <source>Find...</source>
+        <translation>Znajdź...</translation>
+    </message>
+    <message>
+        <source>Delete All Annotations...</source>
+        <translation>Usuń wszystkie adnotacje...</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>Pisak</translation>
+    </message>
+    <message>
+        <source>Marker</source>
+        <translation>Zakreślacz</translation>
+    </message>
+    <message>
+        <source>Text Box</source>
+        <translation>Pole tekstowe</translation>
+    </message>
+    <message>
+        <source>Simple</source>
+        <translation>Zwykła</translation>
+    </message>
+    <message>
+        <source>Empty Circles</source>
+        <translation>Puste kółka</translation>
+    </message>
+    <message>
+        <source>Filled Circles</source>
+        <translation>Pełne kółka</translation>
+    </message>
+    <message>
+        <source>Empty / Filled Circle</source>
+        <translation>Puste / pełne kółko</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Strzałka</translation>
+    </message>
+    <message>
+        <source>Double Arrow</source>
+        <translation>Podwójna strzałka</translation>
+    </message>
+    <message>
+        <source>Empty Circle / Arrow</source>
+        <translation>Puste kółko / strzałka</translation>
+    </message>
+    <message>
+        <source>Filled Circle / Arrow</source>
+        <translation>Pełne kółko / strzałka</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Prostokąt</translation>
+    </message>
+    <message>
+        <source>Rounded Rectangle</source>
+        <translation>Zaokrąglony prostokąt</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Elipsa</translation>
+    </message>
+    <message>
+        <source>Curly</source>
+        <translation>Klamrowy</translation>
+    </message>
+    <message>
+        <source>Square</source>
+        <translation>Kwadratowy</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>Gumka</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>Czarny</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Czerwony</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Zielony</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Niebieski</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Żółty</translation>
+    </message>
+    <message>
+        <source>Text Mode</source>
+        <translation>Tryb tekstu</translation>
+    </message>
+    <message>
+        <source>Transformation Mode</source>
+        <translation>Tryb przekształcania</translation>
+    </message>
+    <message>
+        <source>Pen...</source>
+        <translation>Pisak...</translation>
+    </message>
+    <message>
+        <source>Marker...</source>
+        <translation>Zakreślacz...</translation>
+    </message>
+    <message>
+        <source>Text Box...</source>
+        <translation>Pole tekstowe...</translation>
+    </message>
+    <message>
+        <source>Line...</source>
+        <translation>Linia...</translation>
+    </message>
+    <message>
+        <source>Shape...</source>
+        <translation>Kształt...</translation>
+    </message>
+    <message>
+        <source>Snapshot...</source>
+        <translation>Migawka...</translation>
+    </message>
+    <message>
+        <source>Page View...</source>
+        <translation>Widok strony...</translation>
+    </message>
+    <message>
+        <source>Syntax Highlighting...</source>
+        <translation>Podświetlanie składni...</translation>
+    </message>
+    <message>
+        <source>Printout...</source>
+        <translation>Wydruk...</translation>
+    </message>
+    <message>
+        <source>E-mail...</source>
+        <translation>E-mail...</translation>
+    </message>
+    <message>
+        <source>General...</source>
+        <translation>Ogólne...</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>Język systemu</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>Polski</source>
+        <translation>Polski</translation>
+    </message>
+    <message>
+        <source>Francais</source>
+        <translation>Français</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Powiększ</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Pomniejsz</translation>
+    </message>
+    <message>
+        <source>Full Screen Mode</source>
+        <translation>Tryb pełnoekranowy</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standardowy</translation>
+    </message>
+    <message>
+        <source>Compact</source>
+        <translation>Kompaktowy</translation>
+    </message>
+    <message>
+        <source>Minimal</source>
+        <translation>Minimalny</translation>
+    </message>
+    <message>
+        <source>Hide Annotations</source>
+        <translation>Ukryj adnotacje</translation>
+    </message>
+    <message>
+        <source>Customize Toolbars...</source>
+        <translation>Dostosuj paski narzędzi...</translation>
+    </message>
+    <message>
+        <source>Snapshot Tool</source>
+        <translation>Narzędzie Migawka</translation>
+    </message>
+    <message>
+        <source>Online Support...</source>
+        <translation>Pomoc w Internecie...</translation>
+    </message>
+    <message>
+        <source>Kestrin 7 Website...</source>
+        <translation>Strona internetowa Kestrin 7...</translation>
+    </message>
+    <message>
+        <source>About...</source>
+        <translation>O programie...</translation>
+    </message>
+    <message>
+        <source>List of Active Tags</source>
+        <translation>Lista aktywnych znaczników</translation>
+    </message>
+    <message>
+        <source>Show Statistics...</source>
+        <translation>Pokaż statystykę...</translation>
+    </message>
+    <message>
+        <source>Simple Line</source>
+        <translation>Zwykła linia</translation>
+    </message>
+    <message>
+        <source>Curly Bracket</source>
+        <translation>Nawias klamrowy</translation>
+    </message>
+    <message>
+        <source>Square Bracket</source>
+        <translation>Nawias kwadratowy</translation>
+    </message>
+    <message>
+        <source>Thin Black Pen</source>
+        <translation>Cienki czarny pisak</translation>
+    </message>
+    <message>
+        <source>Thin Red Pen</source>
+        <translation>Cienki czerwony pisak</translation>
+    </message>
+    <message>
+        <source>Thin Green Pen</source>
+        <translation>Cienki zielony pisak</translation>
+    </message>
+    <message>
+        <source>Thin Blue Pen</source>
+        <translation>Cienki niebieski pisak</translation>
+    </message>
+    <message>
+        <source>Medium Black Pen</source>
+        <translation>Średni czarny pisak</translation>
+    </message>
+    <message>
+        <source>Medium Red Pen</source>
+        <translation>Średni czerwony pisak</translation>
+    </message>
+    <message>
+        <source>Medium Green Pen</source>
+        <translation>Średni zielony pisak</translation>
+    </message>
+    <message>
+        <source>Medium Blue Pen</source>
+        <translation>Średni niebieski pisak</translation>
+    </message>
+    <message>
+        <source>Red Marker</source>
+        <translation>Czerwony zakreślacz</translation>
+    </message>
+    <message>
+        <source>Green Marker</source>
+        <translation>Zielony zakreślacz</translation>
+    </message>
+    <message>
+        <source>Blue Marker</source>
+        <translation>Niebieski zakreślacz</translation>
+    </message>
+    <message>
+        <source>Yellow Marker</source>
+        <translation>Żółty zakreślacz</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Tryb</translation>
+    </message>
+    <message>
+        <source>Basic Tools</source>
+        <translation>Podstawowe narzędzia</translation>
+    </message>
+    <message>
+        <source>Shapes</source>
+        <translation>Kształty</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Brackets</source>
+        <translation>Nawiasy</translation>
+    </message>
+    <message>
+        <source>Pens and Markers</source>
+        <translation>Pisaki i zakreślacze</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Znajdź</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Poprzedni</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Następny</translation>
+    </message>
+    <message>
+        <source>Case Sensitive</source>
+        <translation>Uwzględniaj wielkość liter</translation>
+    </message>
+    <message>
+        <source>Whole Words</source>
+        <translation>Całe wyrazy</translation>
+    </message>
+    <message>
+        <source>Actual Page Size</source>
+        <translation>Bieżący rozmiar strony</translation>
+    </message>
+    <message>
+        <source>Unlock Document</source>
+        <translation>Odblokuj dokument</translation>
+    </message>
+    <message>
+        <source>Highlight Syntax</source>
+        <translation>Podświetl składnię</translation>
+    </message>
+    <message>
+        <source>StdTools</source>
+        <translation>StdTools</translation>
+    </message>
+    <message>
+        <source>        </source>
+        <translation>        </translation>
+    </message>
+    <message>
+        <source>MOD</source>
+        <translation>MOD</translation>
+    </message>
+    <message>
+        <source>Unlock document</source>
+        <translation>Odblokuj dokument</translation>
+    </message>
+    <message>
+        <source>Highlight syntax</source>
+        <translation>Podświetl składnię</translation>
+    </message>
+    <message>
+        <source>Idea</source>
+        <translation>Pomysł</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notatka</translation>
+    </message>
+    <message>
+        <source>Question</source>
+        <translation>Pytanie</translation>
+    </message>
+    <message>
+        <source>Important</source>
+        <translation>Ważne</translation>
+    </message>
+    <message>
+        <source>Bug</source>
+        <translation>Błąd</translation>
+    </message>
+    <message>
+        <source>Add Active Tag</source>
+        <translation>Dodaj aktywny znacznik</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Ostrzeżenie</translation>
+    </message>
+    <message>
+        <source>All annotations will be removed! There is no way to revert the operation. 
+Do you want to continue?</source>
+        <translation>Wszystkie adnotacje zostaną usunięte! Tej operacji nie można cofnąć. 
+Czy chcesz kontynuować?</translation>
+    </message>
+</context>
+<context>
+    <name>SyntaxFile</name>
+    <message>
+        <source>Warning</source>
+        <translation>Ostrzeżenie</translation>
+    </message>
+    <message>
+        <source>Syntax file for .%1 doesn&apos;t exist!</source>
+        <translation>Plik składni dla .%1 nie istnieje!</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open syntax file: %1 !</source>
+        <translation>Nie można otworzyć pliku składni: %1 !</translation>
+    </message>
+    <message>
+        <source>Format of syntax file &apos;%1&apos; is wrong!</source>
+        <translation>Format pliku składni „%1” jest nieprawidłowy!</translation>
+    </message>
+</context>
+<context>
+    <name>TextBoxTool</name>
+    <message>
+        <source>Enter Text Here</source>
+        <translation>Wpisz tutaj tekst</translation>
+    </message>
+</context>
+<context>
+    <name>ViewModeDialog</name>
+    <message>
+        <source>Standard View</source>
+        <translation>Widok standardowy</translation>
+    </message>
+</context>
+</TS>
