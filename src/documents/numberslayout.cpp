@@ -76,19 +76,21 @@ void NumbersLayout::standBeside(TextLayout *text)
 /// Lines that the text does not have (yet) go on below it, each as tall as a number.
 double NumbersLayout::lineTop(int index) const
 {
-    if (!m_text)
+    const TextLayout *text = m_text;
+    if (!text)
         return margin() + index * m_lineHeight;
-    const int further = std::max(0, index - m_text->lineCount());
-    return m_text->lineTop(index) + further * m_lineHeight;
+    const int further = std::max(0, index - text->lineCount());
+    return text->lineTop(index) + further * m_lineHeight;
 }
 
 /// How far below its line's top a number stands: in the middle of what the line is taller, so that it is beside the
 /// text whether that has grown upwards or downwards.
 double NumbersLayout::extraHeight(int index) const
 {
-    if (!m_text || index >= m_text->lineCount())
+    const TextLayout *text = m_text;
+    if (!text || index >= text->lineCount())
         return 0.0;
-    return std::max(0.0, std::floor((m_text->lineHeight(index) - m_lineHeight) / 2));
+    return std::max(0.0, std::floor((text->lineHeight(index) - m_lineHeight) / 2));
 }
 
 /// The last line that begins at or above @p y, bounded to the numbers.
