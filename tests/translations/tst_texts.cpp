@@ -2,9 +2,12 @@
 #include "support/testmain.h"
 #include "support/tsfile.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTranslator>
 
@@ -41,6 +44,15 @@ QStringList form(const QString &text)
     return shared;
 }
 
+/// Runs lupdate over the sources into the translation at @p path.
+bool update(const QString &path)
+{
+    QProcess lupdate;
+    lupdate.start(QStringLiteral(KESTRIN_LUPDATE),
+                  {"-silent", QStringLiteral(KESTRIN_SOURCE_DIR "/src"), "-locations", "none", "-ts", path});
+    return lupdate.waitForFinished(120000) && lupdate.exitStatus() == QProcess::NormalExit && lupdate.exitCode() == 0;
+}
+
 } // namespace
 
 class TestTexts : public QObject
@@ -48,6 +60,8 @@ class TestTexts : public QObject
     Q_OBJECT
 
 private slots:
+    void complete_data() { addLanguages(); }
+    void complete();
     void sameFormAsSource_data() { addLanguages(); }
     void sameFormAsSource();
     void sameWordsInFilters_data() { addLanguages(); }
@@ -58,6 +72,24 @@ private slots:
     void laid_data() { addLanguages(); }
     void laid();
 };
+
+void TestTexts::complete()
+{
+    QFETCH(QString, language);
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(QStringLiteral("copy.ts"));
+    QVERIFY(QFile::copy(ownTsFile(language), copy));
+    QVERIFY(update(copy));
+    const QList<TsMessage> updated = readTsFile(copy);
+    QStringList open;
+    for (const TsMessage &message : updated) {
+        if (!message.type.isEmpty() || message.translation.isEmpty())
+            open.append(message.type + ' ' + message.name());
+    }
+    QCOMPARE(open.join(QLatin1String(" | ")), QString());
+    QCOMPARE(updated.size(), readTsFile(ownTsFile(language)).size());
+    QVERIFY(updated.size() > 300);
+}
 
 void TestTexts::sameFormAsSource()
 {

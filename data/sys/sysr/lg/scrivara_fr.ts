@@ -147,6 +147,18 @@ Error code: </source>
         <translation>Impossible d’enregistrer le fichier %1.
 Code d’erreur&#xa0;: </translation>
     </message>
+    <message>
+        <source>Kestrin 7 Parse Error</source>
+        <translation>Erreur d’analyse de Kestrin 7</translation>
+    </message>
+    <message>
+        <source>Wrong format of OXN file %1!</source>
+        <translation>Le format du fichier OXN %1 est incorrect&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Link to image file [%1] doesn&apos;t exist!</source>
+        <translation>Le fichier image lié [%1] n’existe pas&#xa0;!</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

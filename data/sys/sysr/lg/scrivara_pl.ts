@@ -147,6 +147,18 @@ Error code: </source>
         <translation>Nie można zapisać pliku %1.
 Kod błędu: </translation>
     </message>
+    <message>
+        <source>Kestrin 7 Parse Error</source>
+        <translation>Błąd analizy pliku w Kestrin 7</translation>
+    </message>
+    <message>
+        <source>Wrong format of OXN file %1!</source>
+        <translation>Nieprawidłowy format pliku OXN %1!</translation>
+    </message>
+    <message>
+        <source>Link to image file [%1] doesn&apos;t exist!</source>
+        <translation>Wskazany plik graficzny [%1] nie istnieje!</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
