@@ -170,6 +170,37 @@ void benchEditing(const QTemporaryDir &folder, int lines)
         QStringLiteral("paste of 1000 lines"), &page, [&] { page.paste(pasted); }, reference(pasted));
 }
 
+void benchLongLine(const QTemporaryDir &folder)
+{
+    printTitle(QStringLiteral("A single line of 10 MB; reference: QTextDocument::setPlainText alone"));
+    QString text = source(250'000).left(10'000'000);
+    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    QFile file(folder.filePath(QStringLiteral("line.txt")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
+        qFatal("cannot write the sample file");
+    file.close();
+    std::unique_ptr<QTextDocument> document;
+    std::unique_ptr<OpenPage> page;
+    const double bare = leastCpu(
+        3, [&] { document->setPlainText(text); }, [&] { document = std::make_unique<QTextDocument>(); });
+    const double ours = leastCpu(
+        3, [&] { page = std::make_unique<OpenPage>(file.fileName()); }, [&] { page.reset(); });
+    printRow(QStringLiteral("from file to first painting"), ours, bare, milliseconds);
+    page->moveCaretToMiddle();
+    const auto printBoth = [&page](const QString &what, int key, const QString &typed) {
+        const double alone = leastCpu(
+            10, [&] { page->key(key, typed); }, [&] { page->paint(); });
+        printRow(what, alone, milliseconds);
+        printRow(QStringLiteral("    painting that follows"),
+                 leastCpu(
+                     10, [&] { page->paint(); }, [&] { page->key(key, typed); }),
+                 milliseconds);
+    };
+    printBoth(QStringLiteral("a key in the middle"), Qt::Key_X, QStringLiteral("x"));
+    printBoth(QStringLiteral("an arrow key after it"), Qt::Key_Left, QString());
+    printBoth(QStringLiteral("Return, which halves the line"), Qt::Key_Return, QStringLiteral("\r"));
+}
+
 void benchScrolling(const QTemporaryDir &folder)
 {
     printTitle(QStringLiteral("Scrolling through 100000 lines in a view of 1000 x 800; reference: an empty scene"));
@@ -214,6 +245,7 @@ int main(int argc, char **argv)
     benchLoading(folder);
     benchEditing(folder, 100'000);
     benchEditing(folder, 1'000'000);
+    benchLongLine(folder);
     benchScrolling(folder);
     benchMemory(folder);
     return 0;

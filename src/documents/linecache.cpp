@@ -3,14 +3,11 @@
 
 #include <QTextLayout>
 
-namespace {
-
-/// Lines to keep on either side of what was painted last, which may be no more than the line of the caret.
-constexpr int linesAround = 100;
-
-} // namespace
-
 LineCache::LineCache() = default;
+
+LineCache::LineCache(LineCache &&) noexcept = default;
+
+LineCache &LineCache::operator=(LineCache &&) noexcept = default;
 
 LineCache::~LineCache() = default;
 
@@ -24,19 +21,12 @@ QTextLayout *LineCache::line(int number, const std::function<std::unique_ptr<QTe
 
 void LineCache::replace(int first, int removed, int added)
 {
-    m_lines.erase(m_lines.lower_bound(first), m_lines.lower_bound(first + removed));
-    if (removed == added)
-        return;
-    std::map<int, std::unique_ptr<QTextLayout>> moved;
-    for (auto line = m_lines.lower_bound(first); line != m_lines.end(); line = m_lines.erase(line))
-        moved.emplace_hint(moved.end(), line->first + added - removed, std::move(line->second));
-    m_lines.merge(moved);
+    m_lines.replace(first, removed, added);
 }
 
-void LineCache::keepAround(int first, int last)
+void LineCache::keepAround(int first, int last, int around)
 {
-    m_lines.erase(m_lines.begin(), m_lines.lower_bound(first - linesAround));
-    m_lines.erase(m_lines.upper_bound(last + linesAround), m_lines.end());
+    m_lines.keep(first - around, last + around);
 }
 
 void LineCache::clear()

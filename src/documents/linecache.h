@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "documents/linemap.h"
+
 #include <functional>
-#include <map>
 #include <memory>
 
 class QTextLayout;
@@ -12,16 +13,18 @@ class LineCache
 {
 public:
     LineCache();
+    LineCache(LineCache &&) noexcept;
+    LineCache &operator=(LineCache &&) noexcept;
     ~LineCache();
 
     /// The layout of line @p number, which stays the cache's; made by @p make when it is not there.
     QTextLayout *line(int number, const std::function<std::unique_ptr<QTextLayout>()> &make);
     /// Forgets @p removed lines from @p first on and moves those behind to where @p added new ones leave them.
     void replace(int first, int removed, int added);
-    /// Forgets what lies outside of a screenful or two around the lines @p first to @p last.
-    void keepAround(int first, int last);
+    /// Forgets what lies further than @p around lines away from the lines @p first to @p last.
+    void keepAround(int first, int last, int around);
     void clear();
 
 private:
-    std::map<int, std::unique_ptr<QTextLayout>> m_lines;
+    LineMap<std::unique_ptr<QTextLayout>> m_lines;
 };

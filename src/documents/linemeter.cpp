@@ -6,7 +6,6 @@
 #include <QTextDocument>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -42,7 +41,8 @@ LineMeter::~LineMeter() = default;
 void LineMeter::fit(const QTextDocument &document)
 {
     const QTextOption option = document.defaultTextOption();
-    m_tabStop = static_cast<int>((option.tabStopDistance() > 0 ? option.tabStopDistance() : defaultTabStop) * 64);
+    const double tabStop = option.tabStopDistance() > 0 ? option.tabStopDistance() : defaultTabStop;
+    m_tabStop = std::max(1, static_cast<int>(tabStop * 64));
     // Right-to-left lines, and visible blanks and line ends, have other widths.
     m_applies = option.textDirection() != Qt::RightToLeft && option.flags() == 0;
     if (document.defaultFont() == m_font)
@@ -55,11 +55,24 @@ void LineMeter::fit(const QTextDocument &document)
 
 std::optional<LineTable::Line> LineMeter::measure(QStringView text, const QList<QTextLayout::FormatRange> &formats)
 {
+    const std::optional<Extent> extent = measureFrom(0, text, formats);
+    if (!extent)
+        return {};
+    LineTable::Line line;
+    line.width = extent->advance + extent->overhang;
+    line.height = m_plain->lineHeight();
+    return line;
+}
+
+std::optional<LineMeter::Extent> LineMeter::measureFrom(qint64 x, QStringView text,
+                                                        const QList<QTextLayout::FormatRange> &formats)
+{
     if (!m_applies)
         return {};
     if (!m_plain)
         m_plain = meterOf(m_font);
     Pen pen;
+    pen.x = x;
     qsizetype done = 0;
     for (const QTextLayout::FormatRange &range : formats) {
         // Where ranges overlap their formats mix.
@@ -74,12 +87,8 @@ std::optional<LineTable::Line> LineMeter::measure(QStringView text, const QList<
     }
     if (!advance(m_plain, text.mid(done), &pen))
         return {};
-    if (pen.last && !text.back().isSpace())
-        pen.x += pen.last->overhang(text.back());
-    LineTable::Line line;
-    line.width = static_cast<int>(std::min<qint64>(pen.x, std::numeric_limits<int>::max()));
-    line.height = m_plain->lineHeight();
-    return line;
+    const int overhang = pen.last && !text.back().isSpace() ? pen.last->overhang(text.back()) : 0;
+    return Extent{pen.x - x, overhang, m_plain->ascent(), m_plain->descent(), m_plain->leading()};
 }
 
 TextMeter *LineMeter::meterFor(const QTextCharFormat &format)

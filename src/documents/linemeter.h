@@ -26,6 +26,20 @@ public:
     /// Width and height of a line of @p text with @p formats, which lie in order; nothing if it has to be laid out.
     std::optional<LineTable::Line> measure(QStringView text, const QList<QTextLayout::FormatRange> &formats);
 
+    /// What a part of a line measures: lengths along the line in 64ths of a pixel, the others in pixels.
+    struct Extent
+    {
+        qint64 advance = 0;
+        int overhang = 0; ///< How far the last glyph reaches over it.
+        double ascent = 0;
+        double descent = 0;
+        double leading = 0;
+    };
+    /// The same for a part of a line that starts at @p x.
+    std::optional<Extent> measureFrom(qint64 x, QStringView text, const QList<QTextLayout::FormatRange> &formats);
+    /// Between two tab stops, in 64ths of a pixel.
+    int tabStop() const { return m_tabStop; }
+
 private:
     struct Pen
     {

@@ -15,8 +15,8 @@ class LineTable
 public:
     struct Line
     {
-        int width = 0;  ///< In 64ths of a pixel, the unit of Qt's text engine.
-        int height = 0; ///< Whole pixels.
+        qint64 width = 0; ///< In 64ths of a pixel, the unit of Qt's text engine.
+        int height = 0;   ///< Whole pixels.
         /// The block's own QTextLayout holds formats or input-method text besides the text.
         bool formatted = false;
     };
@@ -25,7 +25,7 @@ public:
     /// Sum of all heights, in pixels.
     qint64 height() const { return m_height; }
     /// Greatest width in 64ths of a pixel; 0 without lines.
-    int width() const { return m_width; }
+    qint64 width() const { return m_width; }
 
     /// Line @p index; it must exist.
     Line at(int index) const;
@@ -41,7 +41,7 @@ private:
     struct Chunk
     {
         int count = 0;
-        int width = 0;
+        qint64 width = 0;
         qint64 height = 0;
     };
     struct Place
@@ -61,6 +61,6 @@ private:
     std::vector<Chunk> m_chunks; ///< Apart from the lines, so that walking it stays within the cache.
     std::vector<std::vector<Line>> m_lines;
     int m_count = 0;
-    int m_width = 0;
+    qint64 m_width = 0;
     qint64 m_height = 0;
 };

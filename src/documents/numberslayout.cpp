@@ -20,6 +20,8 @@ namespace {
 constexpr double unbounded = std::numeric_limits<int>::max();
 /// From so many numbers on, tables of advances are worth filling.
 constexpr int manyNumbers = 100;
+/// Shaped numbers to keep on either side of what was painted last, which may be no more than one line.
+constexpr int linesAround = 100;
 
 /// One number in one line, as wide as it is.
 std::unique_ptr<QTextLayout> numberLine(const QString &number, const QFont &font)
@@ -184,5 +186,5 @@ void NumbersLayout::draw(QPainter *painter, const PaintContext &context)
         line->draw(painter, QPointF(margin(), lineTop(i) + extraHeight(i)));
     }
     painter->setPen(oldPen);
-    m_painted.keepAround(first, last);
+    m_painted.keepAround(first, last, linesAround);
 }

@@ -18,9 +18,11 @@ namespace {
 /// Changes of up to so many lines are measured by shaping, which is exact whatever the text is.
 constexpr int fewLines = 64;
 /// Longer lines are measured by table when they can be.
-constexpr int longLine = 4096;
+constexpr int tableLength = 4096;
 /// So many QTextLayouts stay laid out; more than a screenful, so that none is laid out twice for one painting.
 constexpr size_t keptLayouts = 256;
+/// Painted lines to keep on either side of what was painted last, which may be no more than the line of the caret.
+constexpr int linesAround = 100;
 constexpr double endless = std::numeric_limits<int>::max();
 
 /// Has formats or text besides that of its block.
@@ -46,7 +48,16 @@ QString textOf(const QTextBlock &first, const QTextBlock &last)
     return cursor.selectedText();
 }
 
-/// The selections of @p context that meet @p block, in positions of the block.
+/// Where the caret at @p cursor of the document stands in @p block, whose layout is @p layout; -1 if elsewhere.
+int caretIn(const QTextBlock &block, const QTextLayout &layout, int cursor)
+{
+    // Positions in the input method's text are counted down from -2.
+    if (cursor < -1 && !layout.preeditAreaText().isEmpty())
+        return layout.preeditAreaPosition() - (cursor + 2);
+    return block.contains(cursor) ? cursor - block.position() : -1;
+}
+
+/// The selections of @p context that meet @p block, in positions of the block. Without @p layout it is all one line.
 QList<QTextLayout::FormatRange> selectionsIn(const QTextBlock &block,
                                              const QAbstractTextDocumentLayout::PaintContext &context,
                                              const QTextLayout *layout)
@@ -59,6 +70,10 @@ QList<QTextLayout::FormatRange> selectionsIn(const QTextBlock &block,
             ranges.append({start, end - start, selection.format});
         } else if (!selection.cursor.hasSelection() && selection.format.hasProperty(QTextFormat::FullWidthSelection) &&
                    block.contains(selection.cursor.position())) {
+            if (!layout) {
+                ranges.append({0, block.length(), selection.format});
+                continue;
+            }
             const QTextLine line = layout->lineForTextPosition(selection.cursor.position() - block.position());
             // The line end belongs to the line.
             const int lineEnd = line.textStart() + line.textLength() == block.length() - 1 ? 1 : 0;
@@ -96,7 +111,8 @@ double TextLayout::lineHeight(int number) const
 
 QSizeF TextLayout::documentSize() const
 {
-    return {m_lines.width() / 64.0 + 2 * margin(), static_cast<double>(m_lines.height()) + 2 * margin()};
+    return {static_cast<double>(m_lines.width()) / 64 + 2 * margin(),
+            static_cast<double>(m_lines.height()) + 2 * margin()};
 }
 
 int TextLayout::pageCount() const
@@ -114,10 +130,51 @@ QRectF TextLayout::blockBoundingRect(const QTextBlock &block) const
 {
     if (!block.isValid() || block.document() != document())
         return {};
+    if (LongLine::isLong(block)) {
+        const int number = std::min(block.blockNumber(), m_lines.count() - 1);
+        const LineTable::Line line = number < 0 ? LineTable::Line() : m_lines.at(number);
+        return {margin(), lineTop(number), static_cast<double>(line.width) / 64, static_cast<double>(line.height)};
+    }
     const QTextLayout *layout = laidOut(block);
     QRectF rect = layout->boundingRect();
     rect.moveTopLeft(layout->position());
     return rect;
+}
+
+QRectF TextLayout::caretRect(int position) const
+{
+    const QTextBlock block = document()->findBlock(position);
+    if (!block.isValid())
+        return {};
+    const int inBlock = position - block.position();
+    if (LongLine *line = longLine(block))
+        return {margin() + line->caretX(block, inBlock), lineTop(block.blockNumber()), static_cast<double>(m_cursorWidth),
+                static_cast<double>(line->height())};
+    if (LongLine::isLong(block))
+        return {};
+    const QTextLayout *layout = laidOut(block);
+    const QTextLine line = layout->lineForTextPosition(inBlock);
+    return {layout->position() + QPointF(line.cursorToX(inBlock), line.y()), QSizeF(m_cursorWidth, line.height())};
+}
+
+LongLine *TextLayout::longLine(const QTextBlock &block) const
+{
+    LongLine *line = LongLine::isLong(block) ? m_longLines.find(block.blockNumber()) : nullptr;
+    // Until the layout hears of a change there may be another line.
+    return line && line->length() == block.length() - 1 ? line : nullptr;
+}
+
+int TextLayout::hitTestLong(const QTextBlock &block, const QPointF &point, Qt::HitTestAccuracy accuracy) const
+{
+    LongLine *line = longLine(block);
+    const bool isBelow = line && point.y() >= line->textHeight();
+    if (!line || isBelow)
+        return accuracy == Qt::ExactHit ? -1 : block.position() + (isBelow ? block.length() - 1 : 0);
+    bool exact = false;
+    const int position = line->positionAt(
+        block, point.x(), accuracy == Qt::ExactHit ? QTextLine::CursorOnCharacter : QTextLine::CursorBetweenCharacters,
+        &exact);
+    return exact || accuracy == Qt::FuzzyHit ? block.position() + position : -1;
 }
 
 int TextLayout::hitTest(const QPointF &exactPoint, Qt::HitTestAccuracy accuracy) const
@@ -136,22 +193,25 @@ int TextLayout::hitTest(const QPointF &exactPoint, Qt::HitTestAccuracy accuracy)
     // Within a change the document may have fewer lines already.
     if (!block.isValid())
         return notHit;
-    const QTextLayout *layout = laidOut(block);
-    const QPointF inBlock = point - layout->position();
-    if (inBlock.y() > layout->boundingRect().bottom())
+    const QRectF rect = blockBoundingRect(block);
+    const QPointF inBlock = point - rect.topLeft();
+    if (inBlock.y() > rect.height())
         return accuracy == Qt::ExactHit ? -1 : std::min(last, block.position() + block.length());
+    if (LongLine::isLong(block))
+        return hitTestLong(block, inBlock, accuracy);
+    const QTextLayout *layout = laidOut(block);
 
     int offset = 0;
     bool exact = false;
     for (int i = 0; i < layout->lineCount(); ++i) {
         const QTextLine line = layout->lineAt(i);
-        const QRectF rect = line.naturalTextRect();
-        if (rect.top() > inBlock.y()) {
+        const QRectF text = line.naturalTextRect();
+        if (text.top() > inBlock.y()) {
             offset = std::min(offset, line.textStart());
-        } else if (rect.bottom() <= inBlock.y()) {
+        } else if (text.bottom() <= inBlock.y()) {
             offset = std::max(offset, line.textStart() + line.textLength());
         } else {
-            exact = rect.left() <= inBlock.x() && rect.right() >= inBlock.x();
+            exact = text.left() <= inBlock.x() && text.right() >= inBlock.x();
             offset = line.xToCursor(inBlock.x(), accuracy == Qt::ExactHit ? QTextLine::CursorOnCharacter
                                                                           : QTextLine::CursorBetweenCharacters);
             break;
@@ -188,15 +248,19 @@ void TextLayout::draw(QPainter *painter, const PaintContext &context)
     double y = lineTop(first);
     for (int number = first; number <= last && block.isValid(); ++number, block = block.next()) {
         const LineTable::Line line = m_lines.at(number);
-        QTextLayout *layout = layoutToPaint(block, number, line);
-        layout->setPosition(QPointF(margin(), y));
-        drawBlock(painter, context, inside, block, layout);
+        if (LongLine::isLong(block)) {
+            drawLong(painter, context, inside.translated(-margin(), -y), block, y);
+        } else {
+            QTextLayout *layout = layoutToPaint(block, number, line);
+            layout->setPosition(QPointF(margin(), y));
+            drawBlock(painter, context, inside, block, layout);
+        }
         y += line.height;
     }
     if (amidChange)
         m_painted.clear();
     else
-        m_painted.keepAround(first, last);
+        m_painted.keepAround(first, last, linesAround);
 }
 
 QTextLayout *TextLayout::layoutToPaint(const QTextBlock &block, int number, const LineTable::Line &line)
@@ -211,6 +275,25 @@ QTextLayout *TextLayout::layoutToPaint(const QTextBlock &block, int number, cons
     });
 }
 
+void TextLayout::drawLong(QPainter *painter, const PaintContext &context, const QRectF &clip, const QTextBlock &block,
+                          double y) const
+{
+    LongLine *line = longLine(block);
+    if (!line)
+        return;
+    LongLine::Overlay overlay;
+    overlay.selections = selectionsIn(block, context, nullptr);
+    overlay.caretWidth = m_cursorWidth;
+    overlay.caret = caretIn(block, *block.layout(), context.cursorPosition);
+    const QPen oldPen = painter->pen();
+    const QTransform oldTransform = painter->transform();
+    painter->setPen(context.palette.color(QPalette::Text));
+    painter->translate(margin(), y);
+    line->draw(painter, block, clip, overlay);
+    painter->setTransform(oldTransform);
+    painter->setPen(oldPen);
+}
+
 void TextLayout::drawBlock(QPainter *painter, const PaintContext &context, const QRectF &clip, const QTextBlock &block,
                            QTextLayout *layout) const
 {
@@ -220,19 +303,13 @@ void TextLayout::drawBlock(QPainter *painter, const PaintContext &context, const
     const QPen oldPen = painter->pen();
     painter->setPen(context.palette.color(QPalette::Text));
     layout->draw(painter, QPointF(), selectionsIn(block, context, layout), clip);
-    int cursor = context.cursorPosition;
-    const bool inPreedit = cursor < -1 && !layout->preeditAreaText().isEmpty();
-    if (inPreedit || block.contains(cursor)) {
-        // Positions in the input method's text are counted down from -2.
-        cursor = inPreedit ? layout->preeditAreaPosition() - (cursor + 2) : cursor - block.position();
-        layout->drawCursor(painter, QPointF(), cursor, m_cursorWidth);
-    }
+    if (const int caret = caretIn(block, *layout, context.cursorPosition); caret >= 0)
+        layout->drawCursor(painter, QPointF(), caret, m_cursorWidth);
     painter->setPen(oldPen);
 }
 
 void TextLayout::documentChanged(int from, int removed, int added)
 {
-    Q_UNUSED(removed);
     m_meter.fit(*document());
     const int last = document()->blockCount() - 1;
     const int delta = last + 1 - m_lines.count();
@@ -251,7 +328,10 @@ void TextLayout::documentChanged(int from, int removed, int added)
     const int countNow = now.last - now.first + 1;
     m_painted.replace(now.first, countBefore, countNow);
     moveLaidOut(now.first, countBefore, countNow);
-    m_lines.replace(now.first, countBefore, countNow <= fewLines ? measureFew(now) : measureMany(now));
+    if (countBefore != 1 || countNow != 1 || !changeLong(now.first, from, removed, added)) {
+        m_longLines.replace(now.first, countBefore, countNow);
+        m_lines.replace(now.first, countBefore, countNow <= fewLines ? measureFew(now) : measureMany(now));
+    }
 
     const QSizeF size = documentSize();
     if (size != m_size) {
@@ -264,6 +344,26 @@ void TextLayout::documentChanged(int from, int removed, int added)
     emit update(QRectF(0, changedTop, endless, sameBelow ? lineTop(now.last + 1) - changedTop : endless));
 }
 
+bool TextLayout::changeLong(int number, int from, int removed, int added)
+{
+    const QTextBlock block = document()->findBlockByNumber(number);
+    LongLine *line = m_longLines.find(number);
+    if (!line || !LongLine::isLong(block))
+        return false;
+    line->change(block, from - block.position(), removed, added);
+    const LineTable::Line measured{line->width(), line->height(), false};
+    m_lines.replace(number, 1, {&measured, 1});
+    return true;
+}
+
+LineTable::Line TextLayout::measureLong(int number, const QTextBlock &block)
+{
+    LongLine &line = m_longLines[number];
+    line = LongLine(&m_meter);
+    line.measure(block);
+    return {line.width(), line.height(), false};
+}
+
 std::vector<LineTable::Line> TextLayout::measureFew(BlockRange blocks)
 {
     std::vector<LineTable::Line> lines;
@@ -273,8 +373,12 @@ std::vector<LineTable::Line> TextLayout::measureFew(BlockRange blocks)
         QTextLayout *layout = block.layout();
         const bool formatted = isFormatted(layout);
         m_highlighted = m_highlighted || (formatted && layout->preeditAreaText().isEmpty());
+        if (LongLine::isLong(block)) {
+            lines.push_back(measureLong(number, block));
+            continue;
+        }
         std::optional<LineTable::Line> line;
-        if (block.length() > longLine && hasDirectionOfText(block) && layout->preeditAreaText().isEmpty())
+        if (block.length() > tableLength && hasDirectionOfText(block) && layout->preeditAreaText().isEmpty())
             line = m_meter.measure(block.text(), layout->formats());
         if (!line) {
             // The caret is likely to be there and to ask for it next.
@@ -304,15 +408,19 @@ std::vector<LineTable::Line> TextLayout::measureMany(BlockRange blocks)
             knownFormat = block.blockFormatIndex();
         const bool formatted = m_highlighted && isFormatted(block.layout());
         const qsizetype length = block.length();
+        const QStringView text = QStringView(content).mid(start, length - 1);
+        start += length;
+        if (LongLine::isLong(block)) {
+            lines.push_back(measureLong(number, block));
+            continue;
+        }
         std::optional<LineTable::Line> line;
         if (block.blockFormatIndex() == knownFormat && (!formatted || block.layout()->preeditAreaText().isEmpty()))
-            line = m_meter.measure(QStringView(content).mid(start, length - 1),
-                                   formatted ? block.layout()->formats() : QList<QTextLayout::FormatRange>());
+            line = m_meter.measure(text, formatted ? block.layout()->formats() : QList<QTextLayout::FormatRange>());
         if (!line)
             line = measureByShaping(block, formatted);
         line->formatted = formatted;
         lines.push_back(*line);
-        start += length;
     }
     return lines;
 }

@@ -4,6 +4,7 @@
 #include "documents/linecache.h"
 #include "documents/linemeter.h"
 #include "documents/linetable.h"
+#include "documents/longline.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QSizeF>
@@ -21,7 +22,8 @@ class QTextLayout;
 /// input method sets on the blocks are shown, and counted where they change the font. Coordinates are the document's:
 /// pixels from its upper left corner, the document margin included.
 ///
-/// A change of the text costs what the changed lines cost, wherever they are. Size and places of lines are always
+/// A change of the text costs what the changed lines cost, wherever they are; in a long line (see LongLine), what some
+/// thousand characters cost. Size and places of lines are always
 /// exact, of every line. Only lines that a caret, a search or formats ask for get a QTextLayout of their own; of the
 /// others, those around what was painted last are kept.
 class TextLayout : public QAbstractTextDocumentLayout
@@ -54,8 +56,12 @@ public:
     QSizeF documentSize() const override;
     /// That of the whole document, for there is no other frame.
     QRectF frameBoundingRect(QTextFrame *frame) const override;
-    /// Also lays out the block's own QTextLayout; null for a block that is not in the document.
+    /// Also lays out the block's own QTextLayout, unless it is a long line; null for a block that is not in the
+    /// document.
     QRectF blockBoundingRect(const QTextBlock &block) const override;
+    /// The caret before character @p position of the document, as high as its line; null if there is none. Right also
+    /// in long lines, whose QTextLayout stays empty.
+    QRectF caretRect(int position) const;
 
 protected:
     void documentChanged(int from, int removed, int added) override;
@@ -68,10 +74,16 @@ private:
     };
 
     double margin() const;
+    LongLine *longLine(const QTextBlock &block) const;
+    int hitTestLong(const QTextBlock &block, const QPointF &point, Qt::HitTestAccuracy accuracy) const;
+    void drawLong(QPainter *painter, const PaintContext &context, const QRectF &clip, const QTextBlock &block,
+                  double y) const;
     QTextLayout *layoutToPaint(const QTextBlock &block, int number, const LineTable::Line &line);
     void drawBlock(QPainter *painter, const PaintContext &context, const QRectF &clip, const QTextBlock &block,
                    QTextLayout *layout) const;
 
+    bool changeLong(int number, int from, int removed, int added);
+    LineTable::Line measureLong(int number, const QTextBlock &block);
     std::vector<LineTable::Line> measureFew(BlockRange blocks);
     std::vector<LineTable::Line> measureMany(BlockRange blocks);
     LineTable::Line measureByShaping(const QTextBlock &block, bool formatted) const;
@@ -84,6 +96,7 @@ private:
     LineTable m_lines;
     LineMeter m_meter;
     LineCache m_painted; ///< Lines whose block has no layout of its own.
+    mutable LineMap<LongLine> m_longLines;
     QSizeF m_size;
     int m_cursorWidth = 1;
     bool m_highlighted = false;

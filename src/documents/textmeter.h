@@ -24,6 +24,9 @@ public:
 
     /// Height of a line in this font in whole pixels, the space to the next line included.
     int lineHeight() const { return m_lineHeight; }
+    qreal ascent() const { return m_ascent; }
+    qreal descent() const { return m_descent; }
+    qreal leading() const { return m_leading; }
     /// False if lines without letters are not as high as those with some; advance() then knows nothing.
     bool isUsable() const { return m_usable; }
     bool sameHeight(const TextMeter &other) const;

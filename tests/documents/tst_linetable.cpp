@@ -25,7 +25,7 @@ void TestLineTable::emptyTableHasNoSize()
     table.replace(0, 0, {});
     QCOMPARE(table.count(), 0);
     QCOMPARE(table.height(), 0);
-    QCOMPARE(table.width(), 0);
+    QCOMPARE(table.width(), qint64(0));
     QCOMPARE(table.top(5), 0);
     QCOMPARE(table.indexAt(0.0), -1);
 }
@@ -36,7 +36,7 @@ void TestLineTable::findsLinesByPosition()
     const std::vector<LineTable::Line> lines{{640, 10, false}, {64, 20, true}, {128, 5, false}};
     table.replace(0, 0, lines);
     QCOMPARE(table.height(), 35);
-    QCOMPARE(table.width(), 640);
+    QCOMPARE(table.width(), qint64(640));
     QCOMPARE(table.indexAt(-3.0), 0);
     QCOMPARE(table.indexAt(9.99), 0);
     QCOMPARE(table.indexAt(10.0), 1);
@@ -77,7 +77,7 @@ void TestLineTable::agreesWithAPlainList()
         list.insert(list.begin() + first, lines.begin(), lines.end());
 
         qint64 height = 0;
-        int width = 0;
+        qint64 width = 0;
         const int probe = list.empty() ? 0 : random.bounded(static_cast<int>(list.size()));
         qint64 probeTop = 0;
         for (size_t i = 0; i < list.size(); ++i) {
