@@ -110,6 +110,19 @@ QPolygonF readPoints(ElementReader &reader)
     return points;
 }
 
+QString readTextChild(ElementReader &reader, QLatin1String tag)
+{
+    QString text;
+    bool found = false;
+    while (!found && reader.enterNextChild()) {
+        found = reader.tag() == tag;
+        if (found)
+            text = reader.readText();
+        reader.leaveChild();
+    }
+    return text;
+}
+
 void writeAntialiasing(ElementWriter &writer, bool on)
 {
     writer.writeAttribute(XmlNames::antialias, on ? 1 : 0);

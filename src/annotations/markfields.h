@@ -38,6 +38,9 @@ QRectF readRect(const ElementReader &reader);
 void writePoints(ElementWriter &writer, const QGraphicsItem &item, const QPolygonF &points);
 QPolygonF readPoints(ElementReader &reader);
 
+/// Text of the first child element with this tag; later ones are not read. Empty if there is none.
+QString readTextChild(ElementReader &reader, QLatin1String tag);
+
 /// An element without the field is antialiased; any number but 0 means yes.
 void writeAntialiasing(ElementWriter &writer, bool on);
 bool readAntialiasing(const ElementReader &reader);

@@ -31,12 +31,15 @@ const char *escapeFor(char c, bool inAttribute)
 
 void appendEscaped(QByteArray &target, QUtf8StringView text, bool inAttribute)
 {
-    for (const char c : text) {
-        if (const char *escape = escapeFor(c, inAttribute))
+    auto plain = text.begin();
+    for (auto c = plain; c != text.end(); ++c) {
+        if (const char *escape = escapeFor(*c, inAttribute)) {
+            target.append(plain, c - plain);
             target += escape;
-        else
-            target += c;
+            plain = c + 1;
+        }
     }
+    target.append(plain, text.end() - plain);
 }
 
 } // namespace

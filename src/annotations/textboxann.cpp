@@ -10,24 +10,6 @@
 #include <QFont>
 #include <QTextDocument>
 
-namespace {
-
-/// Text of the first element for it; later ones are not read.
-QString readTextChild(ElementReader &reader)
-{
-    QString text;
-    bool found = false;
-    while (!found && reader.enterNextChild()) {
-        found = reader.tag() == XmlNames::text;
-        if (found)
-            text = reader.readText();
-        reader.leaveChild();
-    }
-    return text;
-}
-
-} // namespace
-
 TextBoxAnn::TextBoxAnn(QGraphicsItem *parent) : QGraphicsTextItem(parent) {}
 
 void TextBoxAnn::paintContent(QPainter * /*painter*/) {}
@@ -66,7 +48,7 @@ void TextBoxAnn::read(ElementReader &reader)
     const QString family = reader.string(XmlNames::fontFamily, QLatin1String("Courier")).trimmed();
     const int size = reader.integer(XmlNames::fontSize, 10);
     const QColor color = MarkFields::readColor(reader, XmlNames::plainColor);
-    const QString text = readTextChild(reader);
+    const QString text = MarkFields::readTextChild(reader, XmlNames::text);
 
     setFont(QFont(family, size, -1, false));
     setDefaultTextColor(color);

@@ -32,6 +32,7 @@ inline constexpr QLatin1String line("line");
 inline constexpr QLatin1String ellipse("ellipse");
 inline constexpr QLatin1String rectangle("rectangle");
 inline constexpr QLatin1String textBox("text_box");
+inline constexpr QLatin1String activeTag("active_tag");
 
 // What marks share.
 inline constexpr QLatin1String positionX("pos_x");
@@ -49,6 +50,21 @@ inline constexpr Color penColor{QLatin1String("p_red"), QLatin1String("p_green")
 inline constexpr Color brushColor{QLatin1String("b_red"), QLatin1String("b_green"), QLatin1String("b_blue"),
                                   QLatin1String("b_alpha")};
 
+// Active tags.
+inline constexpr QLatin1String category("category");
+inline constexpr Color textColor{QLatin1String("t_red"), QLatin1String("t_green"), QLatin1String("t_blue"),
+                                 QLatin1String("t_alpha")};
+inline constexpr QLatin1String descriptionFont("desc_font");
+inline constexpr QLatin1String descriptionFontSize("desc_font_size");
+inline constexpr QLatin1String author("author");
+inline constexpr QLatin1String authorFont("author_font");
+inline constexpr QLatin1String authorFontSize("author_font_size");
+inline constexpr QLatin1String showDate("show_date");
+inline constexpr QLatin1String date("date");
+inline constexpr QLatin1String time("time");
+inline constexpr QLatin1String dateFont("date_font");
+inline constexpr QLatin1String dateFontSize("date_font_size");
+
 // Geometry.
 inline constexpr QLatin1String point("p");
 inline constexpr QLatin1String x("x");
@@ -65,5 +81,6 @@ inline constexpr QLatin1String rounded("rounded");
 inline constexpr QLatin1String fontFamily("font_family");
 inline constexpr QLatin1String fontSize("font_size");
 inline constexpr QLatin1String text("txt");
+inline constexpr QLatin1String description("desc");
 
 } // namespace XmlNames

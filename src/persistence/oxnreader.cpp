@@ -9,6 +9,7 @@
 #include "annotations/markitem.h"
 #include "annotations/penline.h"
 #include "annotations/rectangleann.h"
+#include "annotations/storedtag.h"
 #include "annotations/textboxann.h"
 #include "annotations/xmlnames.h"
 
@@ -45,7 +46,7 @@ constexpr std::array markElements{
     MarkElement{XmlNames::penLine, makeMark<PenLine>},    MarkElement{XmlNames::markerLine, makeMark<MarkerLine>},
     MarkElement{XmlNames::bracket, makeMark<BracketAnn>}, MarkElement{XmlNames::line, makeMark<LineAnn>},
     MarkElement{XmlNames::ellipse, makeMark<EllipseAnn>}, MarkElement{XmlNames::rectangle, makeMark<RectangleAnn>},
-    MarkElement{XmlNames::textBox, makeTextBox},
+    MarkElement{XmlNames::textBox, makeTextBox},          MarkElement{XmlNames::activeTag, makeMark<StoredTag>},
 };
 
 std::unique_ptr<Annotation> makeMarkFor(QStringView tag)

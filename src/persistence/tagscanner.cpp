@@ -21,9 +21,14 @@ bool TagScanner::feed(QByteArrayView bytes)
             c = std::find(c, end, '<');
             if (c == end)
                 return true;
-            m_state = Tag;
-            m_start.resize(0);
+            m_state = Start;
             m_values = 0;
+            break;
+        case Start:
+            m_isDeclaration = *c == '!' || *c == '?';
+            m_start.resize(0);
+            m_state = Tag;
+            takeInTag(*c);
             break;
         case Tag:
             takeInTag(*c);
@@ -50,16 +55,17 @@ void TagScanner::takeInTag(char c)
         m_quote = c;
         m_state = Value;
         m_objects = ++m_values > mostValues;
-    } else if (c == '[' && m_start.startsWith("!DOCTYPE")) {
-        m_objects = true;
-    } else if (m_start.size() < longestStart) {
-        m_start += c;
-        recognise();
+    } else if (m_isDeclaration) {
+        takeInDeclaration(c);
     }
 }
 
-void TagScanner::recognise()
+void TagScanner::takeInDeclaration(char c)
 {
+    if (c == '[' && m_start == "!DOCTYPE")
+        m_objects = true;
+    else if (m_start.size() < longestStart)
+        m_start += c;
     if (m_start == "!--")
         passOver("-->");
     else if (m_start == "![CDATA[")

@@ -17,21 +17,23 @@ public:
 private:
     enum State {
         Text,   ///< Between tags.
+        Start,  ///< Behind the angle that opens a tag.
         Tag,    ///< Inside a tag, or inside what still looks like one.
         Value,  ///< Inside quotes, inside a tag.
         Passage ///< In a comment, section or instruction, which hold any characters up to their own end.
     };
 
     void takeInTag(char c);
+    void takeInDeclaration(char c);
     void takeInPassage(char c);
-    void recognise();
     void passOver(QByteArrayView end);
 
     State m_state = Text;
-    QByteArray m_start;      ///< The first characters of the tag.
-    int m_values = 0;        ///< Quoted values in the tag.
-    char m_quote = 0;        ///< What ends the value.
-    QByteArrayView m_end;    ///< What ends the passage.
-    qsizetype m_matched = 0; ///< How much of m_end has been seen.
+    bool m_isDeclaration = false; ///< The tag starts with an exclamation or a question mark.
+    QByteArray m_start;           ///< The first characters of a declaration.
+    int m_values = 0;             ///< Quoted values in the tag.
+    char m_quote = 0;             ///< What ends the value.
+    QByteArrayView m_end;         ///< What ends the passage.
+    qsizetype m_matched = 0;      ///< How much of m_end has been seen.
     bool m_objects = false;
 };

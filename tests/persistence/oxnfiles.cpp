@@ -4,12 +4,11 @@
 #include "annotations/annotation.h"
 #include "documents/page.h"
 #include "persistence/iosystem.h"
+#include "support/files.h"
 
 #include <QDir>
-#include <QFile>
 #include <QGraphicsItem>
 #include <QRegularExpression>
-#include <QTest>
 
 QString OxnFiles::path(const QString &name) const
 {
@@ -18,16 +17,13 @@ QString OxnFiles::path(const QString &name) const
 
 QString OxnFiles::write(const QString &name, const QByteArray &bytes) const
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        QTest::qFail("cannot write a file for the test", __FILE__, __LINE__);
+    store(path(name), bytes);
     return path(name);
 }
 
 QByteArray OxnFiles::bytes(const QString &name) const
 {
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<cannot be read>");
+    return bytesIn(path(name));
 }
 
 QStringList OxnFiles::names() const

@@ -63,6 +63,8 @@ private slots:
     void lastTextCounts();
     void marksOfAllKinds_data();
     void marksOfAllKinds();
+    void activeTagsAreKept_data();
+    void activeTagsAreKept();
     void unknownNodesAreIgnored_data();
     void unknownNodesAreIgnored();
     void marksBeforeTheText_data();
@@ -332,6 +334,41 @@ void TestOxnReading::marksOfAllKinds()
     QVERIFY(!item->isSelected());
 }
 
+void TestOxnReading::activeTagsAreKept_data()
+{
+    QTest::addColumn<QByteArray>("read");
+    QTest::addColumn<QByteArray>("written");
+    const QByteArray full =
+        "<active_tag category=\"Bug\" pos_x=\"12.5\" pos_y=\"-3\" b_red=\"1\" b_green=\"2\" b_blue=\"3\" "
+        "b_alpha=\"4\" t_red=\"5\" t_green=\"6\" t_blue=\"7\" t_alpha=\"8\" desc_font=\"A\" desc_font_size=\"9\" "
+        "author=\"&lt;Zo\u00EB&gt;\" author_font=\"B\" author_font_size=\"10\" show_date=\"no\" date=\"24.12.2008\" "
+        "time=\"01:02:03\" date_font=\"C\" date_font_size=\"11\">\n"
+        "    <desc><![CDATA[ two\nlines ]]]]><![CDATA[>]]><char code=\"12\"/><![CDATA[]]></desc>\n  </active_tag>";
+    const QByteArray plain =
+        "<active_tag category=\"Idea\" pos_x=\"0\" pos_y=\"0\" b_red=\"0\" b_green=\"0\" b_blue=\"0\" b_alpha=\"255\" "
+        "t_red=\"0\" t_green=\"0\" t_blue=\"0\" t_alpha=\"255\" desc_font=\"Arial\" desc_font_size=\"12\" "
+        "author=\"NoName\" author_font=\"Arial\" author_font_size=\"12\" show_date=\"yes\" date=\"20000101\" "
+        "time=\"20000101\" date_font=\"Arial\" date_font_size=\"12\">\n    <desc><![CDATA[]]></desc>\n  </active_tag>";
+    QTest::newRow("all fields") << full << full;
+    QTest::newRow("no fields") << QByteArray("<active_tag/>") << plain;
+}
+
+void TestOxnReading::activeTagsAreKept()
+{
+    QFETCH(const QByteArray, read);
+    QFETCH(const QByteArray, written);
+    QVERIFY(loadInside(textElement + "<pen_line/>" + read + "<rectangle/>"));
+    QCOMPARE(m_page->plainText(), QStringLiteral("one\ntwo"));
+    QCOMPARE(Oxn::marks(*m_page).size(), 3);
+    const QByteArray saved = m_files->saved(*m_page);
+    QVERIFY2(saved.contains("\n  " + written + "\n  <rectangle "), saved);
+    // It follows the text as every mark does.
+    Oxn::item(Oxn::marks(*m_page).at(1))->moveBy(0.0, 20.0);
+    QVERIFY(!m_files->saved(*m_page).contains(written));
+    QVERIFY(load(saved));
+    QVERIFY(m_files->saved(*m_page).contains(written));
+}
+
 void TestOxnReading::unknownNodesAreIgnored_data()
 {
     QTest::addColumn<QByteArray>("node");
@@ -376,8 +413,9 @@ void TestOxnReading::marksBeforeTheText_data()
     QTest::newRow("three lines") << QByteArray("<text_contents>1\n2\n3</text_contents>") << false;
     QTest::newRow("as many lines once more")
         << QByteArray("<text_contents>one</text_contents><text_contents>two</text_contents>") << false;
-    QTest::newRow("more lines later")
-        << QByteArray("<text_contents>one</text_contents><text_contents>1\n2\n3</text_contents>") << true;
+    QTest::newRow("more lines later") << QByteArray(
+                                             "<text_contents>one</text_contents><text_contents>1\n2\n3</text_contents>")
+                                      << true;
 }
 
 void TestOxnReading::marksBeforeTheText()
