@@ -63,8 +63,7 @@ QString TestFiles::folder() const
 
 LogProbe::LogProbe()
 {
-    openLogFiles(m_folder.filePath(QStringLiteral("log.dat")).toStdString(),
-                 m_folder.filePath(QStringLiteral("dumped.dat")).toStdString());
+    openLogFiles(m_folder.filePath(QStringLiteral("log.dat")).toStdString(), recordPath().toStdString());
     // The very first line of a process has no line before it that could have written its prefix.
     (logInfo << "start").eol(0);
     mark();
@@ -78,10 +77,14 @@ QStringList LogProbe::info() const
     return lines;
 }
 
-QStringList LogProbe::dumpedLines() const
+QString LogProbe::recordPath() const
 {
-    dumpRingBuffer(false);
-    return readLines(m_folder.filePath(QStringLiteral("dumped.dat")));
+    return m_folder.filePath(QStringLiteral("dumped.dat"));
+}
+
+bool LogProbe::hasRecord() const
+{
+    return QFileInfo(recordPath()).size() > 0;
 }
 
 void LogProbe::mark()
@@ -89,11 +92,11 @@ void LogProbe::mark()
     (logTrace << "mark " << static_cast<double>(++m_marks)).eol(0);
 }
 
-QStringList LogProbe::traceSinceMark()
+QStringList LogProbe::recordedSinceMark() const
 {
     const QString marker = QStringLiteral("mark %1").arg(m_marks);
     QStringList lines;
-    for (const QString &line : dumpedLines()) {
+    for (const QString &line : readLines(recordPath())) {
         const QString text = withoutPrefix(line);
         if (text == QLatin1String("---- RB END ----"))
             break;
@@ -102,6 +105,13 @@ QStringList LogProbe::traceSinceMark()
         else
             lines.append(text);
     }
+    return lines;
+}
+
+QStringList LogProbe::traceSinceMark()
+{
+    dumpRingBuffer(false);
+    const QStringList lines = recordedSinceMark();
     mark();
     return lines;
 }
