@@ -5,11 +5,11 @@
 #include "documents/page.h"
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
+#include "support/logtext.h"
 #include "widgets/qtcolorpicker.h"
 
 #include <QFile>
 #include <QImage>
-#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
@@ -25,10 +25,11 @@ QStringList readLines(const QString &path)
     return QString::fromLocal8Bit(file.readAll()).split(QLatin1Char('\n'));
 }
 
-QString withoutPrefix(const QString &line)
+/// The first line of a file that was opened in mid-run has no line before it that could have written its prefix.
+QString textOfLine(const QString &line)
 {
-    static const QRegularExpression prefix(QStringLiteral("^\\[[LR]\\d \\d\\d:\\d\\d:\\d\\d\\] "));
-    return QString(line).remove(prefix);
+    const QString text = withoutLogPrefix(line);
+    return text.isNull() ? line : text;
 }
 
 } // namespace
@@ -73,7 +74,7 @@ QStringList LogProbe::info() const
 {
     QStringList lines;
     for (const QString &line : readLines(m_folder.filePath(QStringLiteral("log.dat"))))
-        lines.append(withoutPrefix(line));
+        lines.append(textOfLine(line));
     return lines;
 }
 
@@ -97,9 +98,9 @@ QStringList LogProbe::recordedSinceMark() const
     const QString marker = QStringLiteral("mark %1").arg(m_marks);
     QStringList lines;
     for (const QString &line : readLines(recordPath())) {
-        const QString text = withoutPrefix(line);
-        if (text == QLatin1String("---- RB END ----"))
+        if (line.startsWith(QLatin1String("---- RB END ----"))) // what a longer record left may follow
             break;
+        const QString text = textOfLine(line);
         if (text == marker)
             lines.clear();
         else
