@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/documenttextitem.h"
 
+#include "documents/clipboardtext.h"
 #include "documents/documentitem.h"
 #include "documents/page.h"
 #include "documents/textlayout.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QGraphicsSceneDragDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -83,7 +82,7 @@ void DocumentTextItem::keyPressEvent(QKeyEvent *event)
     if (isEditable() && event->matches(QKeySequence::Paste)) {
         // Qt would insert the formatted text that other programs offer beside the plain one.
         m_page->setModified(true);
-        m_page->documentItem()->pasteText(QApplication::clipboard()->text());
+        m_page->documentItem()->pasteText(clipboardText());
         event->accept();
     } else if (isEditable() && event->matches(QKeySequence::InsertLineSeparator)) {
         // A line separator would be no line end in the file.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the mouse, the clipboard commands and painting do on a page.
 #include "annotations/annotation.h"
+#include "documents/clipboardtext.h"
 #include "documents/cutcommand.h"
 #include "documents/documentitem.h"
 #include "documents/page.h"
@@ -198,7 +199,7 @@ void Page::pasteCommand()
 {
     if (mode() == TextMode) {
         if (isEditableText())
-            m_documentItem->pasteText(QApplication::clipboard()->text());
+            m_documentItem->pasteText(clipboardText());
         setModified(true);
         return;
     }

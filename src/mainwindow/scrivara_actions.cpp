@@ -3,6 +3,7 @@
 
 #include "annotations/annotation.h"
 #include "app/eventlog.h"
+#include "documents/clipboardtext.h"
 #include "documents/page.h"
 #include "documents/pageview.h"
 #include "mainwindow/actiontables.h"
@@ -296,7 +297,7 @@ bool Scrivara::canPaste()
         return !m_annotationClipboard.list()->isEmpty();
     // Another program may take its time to hand its text over, and this is asked at every key.
     if (!m_clipboardHasText)
-        m_clipboardHasText = !QApplication::clipboard()->text().isEmpty();
+        m_clipboardHasText = !clipboardText().isEmpty();
     return *m_clipboardHasText;
 }
 

@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 
 ChildProcess::ChildProcess(Build build)
 {
@@ -68,11 +67,4 @@ bool ChildProcess::replaceCrashBox(const QByteArray &script) const
     const QString name = QStringLiteral("kestrin7-crashbox");
     return write(name, "#!/bin/sh\n" + script) &&
            QFile::setPermissions(path(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
-
-QByteArray withoutTimes(QByteArray text)
-{
-    static const QRegularExpression time(QStringLiteral("(\\[[LR]\\d+ )([01]\\d|2[0-3]):[0-5]\\d:[0-5]\\d\\] "));
-    // Latin-1 keeps every byte as it is.
-    return QString::fromLatin1(text).replace(time, QStringLiteral("\\1hh:mm:ss] ")).toLatin1();
 }

@@ -41,6 +41,3 @@ private:
     QTemporaryDir folder;
     QProcess child;
 };
-
-/// Puts "hh:mm:ss" for each time of day in @p text that stands where a line prefix has it.
-QByteArray withoutTimes(QByteArray text);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/childprocess.h"
+#include "support/logtext.h"
 #include "support/testmain.h"
 
 #include <QFile>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/childprocess.h"
+#include "support/programcopy.h"
 #include "support/testmain.h"
 
 #include <QCoreApplication>
@@ -12,71 +12,43 @@
 
 namespace {
 
-const QByteArray lastLine = "[L0 hh:mm:ss] Start the main event loop\n";
+QProcessEnvironment withoutScreen()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    return environment;
+}
 
-/// The program in a private folder with its data tree, running on no screen until the end of the test.
-class RunningProgram
+/// The program of this build, running on no screen until the end of the test.
+class RunningProgram : public ProgramCopy
 {
 public:
-    RunningProgram()
+    RunningProgram() : ProgramCopy(QCoreApplication::applicationDirPath(), withoutScreen()) {}
+
+    bool hasStarted() const
     {
-        for (const char *part : {"sys/ltmp", "sys/logs", "sys/sysr/lg", "sys/sysr/sn"})
-            QDir(folder.path()).mkpath(QString::fromLatin1(part));
-        QFile::copy(QCoreApplication::applicationDirPath() + "/kestrin7", folder.filePath("kestrin7"));
-        process.setWorkingDirectory(folder.path());
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("XDG_CONFIG_HOME", folder.path());
-        process.setProcessEnvironment(environment);
+        const QStringList lines = logLines();
+        return lines.size() > 1 && lines.at(lines.size() - 2) == "Start the main event loop";
     }
-    ~RunningProgram()
+    /// Whether the settings tell that this file is the latest.
+    bool hasOpened(const QString &path) const
     {
-        process.kill();
-        process.waitForFinished();
+        return setting("General/RecentFileList").toStringList().value(0) == path;
     }
-    void start(const QStringList &arguments)
+    /// The start-up's own lines and those of the files; what the window says of its parts is left out.
+    QStringList startupLines() const
     {
-        process.start(folder.filePath("kestrin7"), arguments);
-        process.waitForStarted();
+        static const QRegularExpression own("^(Kestrin 7 start|List of|Main window creation|Input file|Start the)");
+        return logLines().filter(own);
     }
-    QByteArray log() const
-    {
-        QFile file(folder.filePath("sys/logs/log.dat"));
-        return file.open(QIODevice::ReadOnly) ? withoutTimes(file.readAll()) : QByteArray();
-    }
-    bool hasStarted() const { return log().endsWith(lastLine); }
-    /// True when the settings tell that a file whose path ends in @p end is the latest.
-    bool hasOpened(const QByteArray &end) const
-    {
-        QFile settings(folder.filePath("Moorfield/Kestrin 7.conf"));
-        return settings.open(QIODevice::ReadOnly) && settings.readAll().contains(end + '\n');
-    }
-    /// The start-up's own lines and those of the files, without prefix; what the window says of its parts is left out.
-    QByteArrayList startupLines() const
-    {
-        static const QRegularExpression own("^(Kestrin 7 start|List of|Main window|Input file|Start the)");
-        QByteArrayList lines;
-        for (const QByteArray &line : log().split('\n')) {
-            const QByteArray text = line.mid(static_cast<int>(qstrlen("[L0 hh:mm:ss] ")));
-            if (own.match(QString::fromUtf8(text)).hasMatch())
-                lines.append(text);
-        }
-        return lines;
-    }
-    /// Makes the files "1" to @p count.
+    /// Writes the documents "1" to @p count.
     QStringList makeFiles(int count) const
     {
-        QStringList names;
-        for (int i = 1; i <= count; ++i) {
-            names.append(QString::number(i));
-            QFile file(folder.filePath(names.last()));
-            if (!file.open(QIODevice::WriteOnly) || file.write("text\n") < 0)
-                qFatal("cannot write a test document");
-        }
-        return names;
+        QStringList paths;
+        for (int i = 1; i <= count; ++i)
+            paths.append(writeDocument(QString::number(i), "text\n"));
+        return paths;
     }
-
-    QTemporaryDir folder;
-    QProcess process;
 };
 
 } // namespace
@@ -90,6 +62,7 @@ private slots:
     void linesAreInOrder();
     void otherWorkingDirectory();
     void missingDataTree();
+    void secondInstance();
 };
 
 void TestStartup::linesAreInOrder_data()
@@ -106,40 +79,67 @@ void TestStartup::linesAreInOrder()
     QFETCH(int, given);
     QFETCH(int, opened);
     RunningProgram program;
-    program.start(program.makeFiles(given));
+    const QStringList files = program.makeFiles(given);
+    program.launch(files);
     QTRY_VERIFY_WITH_TIMEOUT(program.hasStarted(), 60000);
-    QByteArrayList expected{"Kestrin 7 start-up phase"};
+    QStringList expected{"Kestrin 7 start-up phase"};
     if (given > 0)
         expected += "List of the input files processed";
     expected += "Main window creation";
     for (int i = 0; i < opened; ++i)
-        expected += "Input file [" + QByteArray::number(i) + "]: " + QByteArray::number(i + 1);
+        expected += QStringLiteral("Input file [%1]: ").arg(i) + files.at(i);
     expected += "Start the main event loop";
     QCOMPARE(program.startupLines(), expected);
-    QVERIFY(program.log().startsWith("[L0 hh:mm:ss] ---------"));
+    QVERIFY(program.logLines().first().startsWith("---------"));
 }
 
 void TestStartup::otherWorkingDirectory()
 {
     const QTemporaryDir elsewhere;
     RunningProgram program;
-    program.makeFiles(1);
-    program.process.setWorkingDirectory(elsewhere.path());
-    program.start({program.folder.filePath("1")});
-    QTRY_VERIFY_WITH_TIMEOUT(program.hasOpened("/1"), 60000);
-    QCOMPARE(program.process.state(), QProcess::Running);
+    const QStringList files = program.makeFiles(1);
+    program.setWorkingDirectory(elsewhere.path());
+    program.launch(files);
+    QTRY_VERIFY_WITH_TIMEOUT(program.hasOpened(files.first()), 60000);
+    QVERIFY(program.isRunning());
     QCOMPARE(QDir(elsewhere.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
-    QCOMPARE(QDir(program.folder.filePath("sys/logs")).entryList(QDir::Files), QStringList());
+    QCOMPARE(QDir(program.folder() + "/sys/logs").entryList(QDir::Files), QStringList());
 }
 
 void TestStartup::missingDataTree()
 {
     RunningProgram program;
-    QVERIFY(QDir(program.folder.filePath("sys")).removeRecursively());
-    program.start(program.makeFiles(1));
-    QTRY_VERIFY_WITH_TIMEOUT(program.hasOpened("1"), 60000);
-    QCOMPARE(program.process.state(), QProcess::Running);
-    QVERIFY(!QFile::exists(program.folder.filePath("sys")));
+    const QStringList files = program.makeFiles(1);
+    QVERIFY(QDir(program.folder() + "/sys").removeRecursively());
+    program.launch(files);
+    QTRY_VERIFY_WITH_TIMEOUT(program.hasOpened(files.first()), 60000);
+    QVERIFY(program.isRunning());
+    QVERIFY(!QFile::exists(program.folder() + "/sys"));
+}
+
+/// Nothing keeps a second one from starting; it begins the log of the first anew.
+void TestStartup::secondInstance()
+{
+    RunningProgram program;
+    const QStringList files = program.makeFiles(2);
+    program.launch({files.first()});
+    QTRY_VERIFY_WITH_TIMEOUT(program.hasStarted(), 60000);
+    const QString firstLine = "Input file [0]: " + files.first();
+    QVERIFY(program.logLines().contains(firstLine));
+
+    QProcess second;
+    second.setProcessEnvironment(program.environment());
+    second.setWorkingDirectory(program.folder());
+    second.start(program.folder() + "/kestrin7", {files.last()});
+    QVERIFY(second.waitForStarted());
+    QTRY_VERIFY_WITH_TIMEOUT(program.logLines().contains("Input file [0]: " + files.last()), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(program.hasStarted(), 60000);
+    QVERIFY(!program.logLines().contains(firstLine));
+    QVERIFY(program.isRunning());
+    QCOMPARE(second.state(), QProcess::Running);
+    QVERIFY(program.hasOpened(files.last()));
+    second.kill();
+    QVERIFY(second.waitForFinished());
 }
 
 REGISTER_TEST(TestStartup)

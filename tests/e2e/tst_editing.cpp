@@ -13,30 +13,18 @@ private slots:
     void typedTextIsOnDisk();
     void newFileIsSavedUnderAName();
     void closingAsksAboutAModifiedDocument();
+    void leavesMinimalViewByKeys();
 
 private:
-    /// Puts the caret into the document: text mode, then a click on the first line.
-    void startTyping(const InstalledProgram &program) const;
-
     XSession m_session;
 };
-
-void TestEditing::startTyping(const InstalledProgram &program) const
-{
-    m_session.waitUntilQuiet();
-    m_session.key(QStringLiteral("alt+t"));
-    // The text lies right under the tool bars, a little right of the line numbers.
-    m_session.click(m_session.geometry(program.window()).topLeft() + QPoint(120, 80));
-    m_session.waitUntilQuiet();
-    m_session.key(QStringLiteral("ctrl+Home"));
-}
 
 void TestEditing::typedTextIsOnDisk()
 {
     InstalledProgram program(m_session);
     const QString path = program.writeDocument(QStringLiteral("notes.txt"), "second line\nthird line\n");
     QVERIFY(!program.start({path}).isEmpty());
-    startTyping(program);
+    program.startTyping();
     m_session.type(QStringLiteral("first line"));
     m_session.key(QStringLiteral("Return"));
     m_session.key(QStringLiteral("ctrl+s"));
@@ -68,7 +56,7 @@ void TestEditing::closingAsksAboutAModifiedDocument()
     InstalledProgram program(m_session);
     const QString path = program.writeDocument(QStringLiteral("kept.txt"), "as it was\nand stays\nfor long\n");
     QVERIFY(!program.start({path}).isEmpty());
-    startTyping(program);
+    program.startTyping();
     m_session.type(QStringLiteral("x"));
 
     m_session.close(program.window());
@@ -84,6 +72,34 @@ void TestEditing::closingAsksAboutAModifiedDocument()
     m_session.key(QStringLiteral("Return"));
     QVERIFY(program.waitForExit());
     QCOMPARE(InstalledProgram::read(path), QByteArray("xas it was\nand stays\nfor long"));
+}
+
+/// With all bars hidden no shortcut works but F10, which goes on to full screen and from there back to all bars.
+void TestEditing::leavesMinimalViewByKeys()
+{
+    InstalledProgram program(m_session);
+    const QString path = program.writeDocument(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(!program.start({path}).isEmpty());
+    m_session.waitUntilQuiet();
+    const QRect place = m_session.geometry(program.window());
+    m_session.click(place.topLeft() + QPoint(20, 9)); // the first menu
+    m_session.waitUntilQuiet();
+    for (const char *key : {"Left", "Left", "Left", "Down", "Down", "Down", "Down", "Down", "Return"})
+        m_session.key(QString::fromLatin1(key));
+    const QString bar = m_session.waitForWindow(QStringLiteral("^Kestrin 7$"), XSession::Visible);
+    QVERIFY2(!bar.isEmpty(), "the floating bar of the minimal view");
+    m_session.key(QStringLiteral("ctrl+n"));
+    m_session.waitUntilQuiet();
+    QCOMPARE(m_session.title(program.window()), "Kestrin 7 [" + path + ']');
+
+    m_session.key(QStringLiteral("F10"));
+    QTRY_COMPARE(m_session.geometry(program.window()), m_session.grab().rect());
+    m_session.key(QStringLiteral("F10"));
+    QTRY_VERIFY(m_session.geometry(program.window()) != m_session.grab().rect());
+    m_session.waitUntilQuiet();
+    m_session.key(QStringLiteral("ctrl+n"));
+    QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7 [noname]"));
+    QVERIFY(program.closeRegularly());
 }
 
 REGISTER_TEST(TestEditing)

@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QTest>
 
 #include <csignal>
@@ -19,6 +18,7 @@ private slots:
     void opensFilesOfTheCommandLine();
     void usesTwentyArgumentsAtMost();
     void logsNothingFromAnotherFolder();
+    void findsTranslationsFromAnotherFolder();
     void emptiesTheTemporaryFolder();
     void keepsWindowGeometry();
     void endsFromFullScreen();
@@ -29,18 +29,6 @@ private slots:
 private:
     XSession m_session;
 };
-
-static QStringList logLines(const InstalledProgram &program)
-{
-    return QString::fromLatin1(InstalledProgram::read(program.folder() + "/sys/logs/log.dat")).split('\n');
-}
-
-/// The text of a log line behind its "[L0 hh:mm:ss] ".
-static QString logText(const QString &line)
-{
-    static const QRegularExpression prefix(QStringLiteral("^\\[L0 \\d\\d:\\d\\d:\\d\\d\\] "));
-    return prefix.match(line).hasMatch() ? QString(line).remove(prefix) : QStringLiteral("no prefix: ") + line;
-}
 
 static QByteArray picture(QSize size, QColor color)
 {
@@ -69,18 +57,19 @@ void TestStartStop::startsWithoutFiles()
     QCOMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7"));
     QVERIFY(program.closeRegularly());
 
-    const QStringList lines = logLines(program);
+    const QStringList lines = program.logLines();
     QVERIFY(lines.size() > 20);
-    QCOMPARE(logText(lines.at(0)), QString(71, '-'));
-    QCOMPARE(logText(lines.at(8)).section(':', 0, 0), QStringLiteral("Windows version"));
-    QCOMPARE(logText(lines.at(9)), QStringLiteral("Word size: 32"));
-    QCOMPARE(logText(lines.at(10)), QStringLiteral("Byte ordering: 1"));
-    QCOMPARE(logText(lines.at(11)), QStringLiteral("Kestrin 7 start-up phase"));
-    QCOMPARE(logText(lines.at(12)), QStringLiteral("Main window creation"));
+    QCOMPARE(lines.at(0), QString(71, '-'));
+    QCOMPARE(lines.at(8).section(':', 0, 0), QStringLiteral("Windows version"));
+    QCOMPARE(lines.at(9), QStringLiteral("Word size: 32"));
+    QCOMPARE(lines.at(10), QStringLiteral("Byte ordering: 1"));
+    QCOMPARE(lines.at(11), QStringLiteral("Kestrin 7 start-up phase"));
+    QCOMPARE(lines.at(12), QStringLiteral("Main window creation"));
     QVERIFY(!lines.join('\n').contains(QLatin1String("List of the input files processed")));
     // The prefix of a line that never came.
-    QCOMPARE(logText(lines.last()), QString());
-    QCOMPARE(logText(lines.at(lines.size() - 2)), QStringLiteral("Start the main event loop"));
+    QVERIFY(!lines.last().isNull());
+    QCOMPARE(lines.last(), QString());
+    QCOMPARE(lines.at(lines.size() - 2), QStringLiteral("Start the main event loop"));
 
     const QByteArray dump = InstalledProgram::read(program.folder() + "/sys/logs/dumped.dat");
     QVERIFY(dump.startsWith("[R6 "));
@@ -108,7 +97,7 @@ void TestStartStop::opensFilesOfTheCommandLine()
     QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7"));
     QVERIFY(program.closeRegularly());
 
-    const QString log = logLines(program).join('\n');
+    const QString log = program.logLines().join('\n');
     QVERIFY(log.contains(QLatin1String("List of the input files processed")));
     QVERIFY(log.contains(QLatin1String("Input file [0]: ") + source));
     QVERIFY(log.contains(QLatin1String("Input file [2]: ") + photo));
@@ -125,7 +114,7 @@ void TestStartStop::usesTwentyArgumentsAtMost()
     QVERIFY(!program.start(files).isEmpty());
     QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7 [%1]").arg(files.at(19)));
     QVERIFY(program.closeRegularly());
-    const QString log = logLines(program).join('\n');
+    const QString log = program.logLines().join('\n');
     QVERIFY(log.contains(QLatin1String("Input file [19]: ")));
     QVERIFY(!log.contains(QLatin1String("Input file [20]: ")));
 }
@@ -139,6 +128,26 @@ void TestStartStop::logsNothingFromAnotherFolder()
     QVERIFY(program.closeRegularly());
     QVERIFY(QDir(elsewhere.path()).isEmpty());
     QVERIFY(QDir(program.folder() + "/sys/logs").isEmpty());
+}
+
+void TestStartStop::findsTranslationsFromAnotherFolder()
+{
+    InstalledProgram program(m_session);
+    const QString source = program.writeDocument(QStringLiteral("scrivara_pl.ts"), R"(<!DOCTYPE TS>
+<TS version="2.1" language="pl"><context><name>Scrivara</name>
+<message><source>Open File</source><translation>Otworz ten plik</translation></message>
+</context></TS>)");
+    const QString target = program.folder() + QStringLiteral("/sys/sysr/lg/scrivara_pl.qm");
+    QCOMPARE(QProcess::execute(QStringLiteral(KESTRIN_LRELEASE), {"-silent", source, "-qm", target}), 0);
+    program.setSetting(QStringLiteral("Other/AppLanguage"), QStringLiteral("pl"));
+    const QTemporaryDir elsewhere;
+    program.setWorkingDirectory(elsewhere.path());
+    QVERIFY(!program.start().isEmpty());
+    m_session.waitUntilQuiet();
+    m_session.key(QStringLiteral("ctrl+o"));
+    QVERIFY(!m_session.waitForWindow(QStringLiteral("^Otworz ten plik$")).isEmpty());
+    m_session.key(QStringLiteral("Escape"));
+    QVERIFY(program.closeRegularly());
 }
 
 void TestStartStop::emptiesTheTemporaryFolder()

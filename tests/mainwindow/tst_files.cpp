@@ -99,6 +99,7 @@ private slots:
     void saveTypedText();
     void saveNewDocumentAsks();
     void saveAsAction();
+    void saveAsMovesToTheHead();
     void closeAsks();
     void closeWindowCancelled();
     void exitClosesTheWindow();
@@ -208,7 +209,7 @@ void TestFileCommands::openSeveralFiles()
     QCOMPARE(recentPaths(window), storedRecent());
     QCOMPARE(window->lastOpenDir(), QDir(files.folder()).canonicalPath());
     const QStringList trace = log.traceSinceMark();
-    QVERIFY(!trace.filter(QStringLiteral("Total # of files to open: ")).isEmpty());
+    QCOMPARE(trace.filter(QStringLiteral("Total # of files to open: ")), QStringList{"Total # of files to open: 2"});
     QVERIFY(trace.contains(QStringLiteral("Updating background color")));
 }
 
@@ -296,6 +297,14 @@ void TestFileCommands::chosenFilterComesFirst()
     // A cancelled dialog chooses nothing; an accepted one sets the filter for the rest of the run.
     QCOMPARE(answers.seen().at(2).nameFilters.first(), cpp);
     QCOMPARE(answers.seen().at(3).nameFilters.first(), text);
+
+    // For the rest of the run only: nothing of it is stored.
+    window->showWindow();
+    QVERIFY(window->close());
+    const QSettings store;
+    for (const QString &key : store.allKeys())
+        QVERIFY2(!store.value(key).toString().contains(QLatin1String("Files (")), qPrintable(key));
+    QVERIFY(!QSettings().allKeys().join(' ').contains(QLatin1String("ilter")));
 }
 
 void TestFileCommands::startsWhereTheLastFileWas()
@@ -631,6 +640,24 @@ void TestFileCommands::saveAsAction()
     QCOMPARE(window.page()->fileName(), files.path(QStringLiteral("copy.txt")));
 }
 
+void TestFileCommands::saveAsMovesToTheHead()
+{
+    const TestFiles files;
+    const QString copy = files.path(QStringLiteral("copy.txt"));
+    const QString own = files.write(QStringLiteral("a.txt"));
+    // Full, and the new name is in it already.
+    QSettings().setValue(recentKey, QStringList{"/1", "/2", copy, "/4", "/5"});
+    const WindowProbe window({own});
+    DialogAnswers answers;
+    answers.chooseFile(copy, QStringLiteral("All Files (*.*)"));
+    window.action("actionSaveAs")->trigger();
+    const QStringList expected{copy, own, "/1", "/2", "/4"};
+    QCOMPARE(storedRecent(), expected);
+    QCOMPARE(recentPaths(window), expected);
+    QCOMPARE(window.stack()->tabText(0), QStringLiteral("copy.txt"));
+    QCOMPARE(window->windowTitle(), titleOf(copy));
+}
+
 void TestFileCommands::closeAsks()
 {
     const TestFiles files;
@@ -659,8 +686,10 @@ void TestFileCommands::closeWindowCancelled()
     QVERIFY(window->isVisible());
     QVERIFY(!QSettings().contains(QStringLiteral("General/WindowState")));
     QVERIFY(!QSettings().contains(QStringLiteral("General/PenColor")));
+    QVERIFY(!log.hasRecord());
     window.forgetChanges();
     QVERIFY(window->close());
+    QVERIFY(log.hasRecord());
     QVERIFY(QSettings().contains(QStringLiteral("General/WindowState")));
 }
 

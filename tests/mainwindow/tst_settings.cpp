@@ -56,6 +56,7 @@ private slots:
     void rearrangedToolBars();
     void customToolBar();
     void customizeDialog();
+    void fourBarsAreRegistered();
     void tabsPosition_data();
     void tabsPosition();
     void documentColors();
@@ -274,6 +275,30 @@ void TestWindowSettings::customizeDialog()
     QVERIFY(log.traceSinceMark().contains(QStringLiteral("Customize tool bars")));
 }
 
+void TestWindowSettings::fourBarsAreRegistered()
+{
+    const WindowProbe window;
+    auto *manager = window->findChild<QtToolBarManager *>()->fullManager();
+    QStringList bars;
+    for (const QToolBar *bar : manager->toolBars())
+        bars.append(bar->objectName());
+    QCOMPARE(bars, (QStringList{"ScvShapesToolBar", "ScvLinesToolBar", "ScvBracketsToolBar", "ScvStdToolsToolBar"}));
+    const QHash<QString, const char *> barOfCategory{{"Shapes", "ScvShapesToolBar"},
+                                                     {"Lines", "ScvLinesToolBar"},
+                                                     {"Brackets", "ScvBracketsToolBar"},
+                                                     {"StdTools", "ScvStdToolsToolBar"}};
+    QCOMPARE(manager->categories().size(), 4);
+    for (const QString &category : manager->categories()) {
+        QVERIFY2(barOfCategory.contains(category), qPrintable(category));
+        QStringList names;
+        for (const QAction *action : manager->categoryActions(category))
+            names.append(action->objectName());
+        QStringList expected = actionNames(window.bar(barOfCategory.value(category)));
+        expected.removeAll(QStringLiteral("|"));
+        QCOMPARE(names, expected);
+    }
+}
+
 void TestWindowSettings::tabsPosition_data()
 {
     QTest::addColumn<QVariant>("value");
@@ -386,9 +411,11 @@ void TestWindowSettings::pickersBelongToTheWindow()
     const TestFiles files;
     const WindowProbe window({files.write(QStringLiteral("a.txt")), files.write(QStringLiteral("b.txt"))});
     window.linePicker()->setCurrentColor(Qt::green);
+    window.fillPicker()->setCurrentColor(Qt::cyan);
     window.syntaxButton()->setChecked(false);
     window.stack()->setCurrentIndex(0);
     QCOMPARE(window.linePicker()->currentColor(), QColor(Qt::green));
+    QCOMPARE(window.fillPicker()->currentColor(), QColor(Qt::cyan));
     QVERIFY(!window.syntaxButton()->isChecked());
 }
 

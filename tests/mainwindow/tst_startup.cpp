@@ -6,6 +6,8 @@
 #include "support/testmain.h"
 
 #include <QDialog>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QSettings>
@@ -14,6 +16,9 @@
 #include <QWindow>
 
 namespace {
+
+/// Set in the process of its own that a test starts with a larger screen.
+constexpr char largeScreen[] = "KESTRIN_TEST_LARGE_SCREEN";
 
 /// Windows that the window system has on the screen.
 QStringList mappedWindows()
@@ -54,7 +59,8 @@ private slots:
     void showWindowMaximized();
     void showWindowFromGeometry();
     void showWindowDefaultGeometry();
-    void centredWhenTheScreenIsLarger();
+    void notCentredOnASmallScreen();
+    void centredOnALargerScreen();
     void applicationNames();
     void withoutFiles();
     void opensListedFiles();
@@ -192,16 +198,37 @@ void TestStartup::showWindowDefaultGeometry()
     QTRY_COMPARE(window->pos(), QPoint(50, 50));
 }
 
-void TestStartup::centredWhenTheScreenIsLarger()
+/// The usual screen of the tests is as wide as the window: there is no room to centre it in.
+void TestStartup::notCentredOnASmallScreen()
 {
-    const QSize screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+    QVERIFY(QGuiApplication::primaryScreen()->availableGeometry().width() <= 801);
     const WindowProbe window;
-    const int x = (screen.width() - window->width()) / 2;
-    const int y = (screen.height() - window->height()) / 2;
-    if (x > 0 && y > 0)
-        QCOMPARE(window->pos(), QPoint(x, y));
-    else
-        QCOMPARE(window->pos(), QPoint(0, 0));
+    QCOMPARE(window->pos(), QPoint(0, 0));
+}
+
+void TestStartup::centredOnALargerScreen()
+{
+    if (qEnvironmentVariableIsSet(largeScreen)) {
+        QCOMPARE(QGuiApplication::primaryScreen()->availableGeometry(), QRect(0, 0, 1601, 1201));
+        const WindowProbe window;
+        QCOMPARE(window->pos(), QPoint((1601 - 800) / 2, (1201 - 617) / 2));
+        return;
+    }
+    // The screen is chosen when a process starts.
+    const TestFiles files;
+    const QString screens = files.write(QStringLiteral("screens.json"),
+                                        R"({"screens": [{"name": "large", "width": 1601, "height": 1201}]})");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(largeScreen), QStringLiteral("1"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen:configfile=") + screens);
+    QProcess run;
+    run.setProcessEnvironment(environment);
+    run.setProcessChannelMode(QProcess::MergedChannels);
+    run.start(QCoreApplication::applicationFilePath(), {"startup", QTest::currentTestFunction()});
+    QVERIFY(run.waitForFinished(60000));
+    const QByteArray output = run.readAll();
+    QVERIFY2(run.exitStatus() == QProcess::NormalExit && run.exitCode() == 0, output.constData());
+    QVERIFY2(output.contains("PASS   : TestStartup::centredOnALargerScreen()"), output.constData());
 }
 
 void TestStartup::applicationNames()

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QHash>
 #include <QLabel>
+#include <QLayout>
 #include <QMenuBar>
 #include <QMetaMethod>
 #include <QProgressBar>
@@ -258,6 +259,7 @@ private slots:
     void searchBar();
     void colorPickers();
     void statusBar();
+    void statusBarOrder();
     void form();
     void tagMenu();
     void unconnectedActions();
@@ -614,6 +616,33 @@ void TestVocabulary::statusBar()
     }
     QCOMPARE(picture(window.lockButton()->icon()), picture(QIcon(QStringLiteral(":/main_window/lock.png"))));
     QCOMPARE(picture(window.syntaxButton()->icon()), picture(QIcon(QStringLiteral(":/main_window/highsyntax.png"))));
+}
+
+/// From left to right; of more room, the message gets two parts, the progress one, the others none.
+void TestVocabulary::statusBarOrder()
+{
+    WindowProbe window;
+    const auto *mod = window->statusBar()->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly).at(1);
+    const QList<const QWidget *> parts{window->statusLabel(), mod, window.lockButton(), window.syntaxButton(),
+                                       window->progressBar()};
+    const auto widths = [&](int windowWidth) {
+        window->resize(windowWidth, 700);
+        window->statusBar()->layout()->activate();
+        QList<int> found;
+        for (const QWidget *part : parts)
+            found.append(part->width());
+        return found;
+    };
+    QSettings().setValue(QStringLiteral("General/WindowMaximized"), false);
+    window->showWindow();
+    const QList<int> before = widths(1200);
+    const QList<int> after = widths(1800);
+    for (qsizetype i = 1; i < parts.size(); ++i)
+        QVERIFY(parts.at(i)->x() >= parts.at(i - 1)->geometry().right());
+    QCOMPARE(after.at(0) - before.at(0), 400);
+    QCOMPARE(after.at(4) - before.at(4), 200);
+    for (const int fixed : {1, 2, 3})
+        QCOMPARE(after.at(fixed), before.at(fixed));
 }
 
 void TestVocabulary::form()

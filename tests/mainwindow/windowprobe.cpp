@@ -5,11 +5,11 @@
 #include "documents/page.h"
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
+#include "support/logtext.h"
 #include "widgets/qtcolorpicker.h"
 
 #include <QFile>
 #include <QImage>
-#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
@@ -25,10 +25,11 @@ QStringList readLines(const QString &path)
     return QString::fromLocal8Bit(file.readAll()).split(QLatin1Char('\n'));
 }
 
-QString withoutPrefix(const QString &line)
+/// The first line of a file that was opened in mid-run has no line before it that could have written its prefix.
+QString textOfLine(const QString &line)
 {
-    static const QRegularExpression prefix(QStringLiteral("^\\[[LR]\\d \\d\\d:\\d\\d:\\d\\d\\] "));
-    return QString(line).remove(prefix);
+    const QString text = withoutLogPrefix(line);
+    return text.isNull() ? line : text;
 }
 
 } // namespace
@@ -63,8 +64,7 @@ QString TestFiles::folder() const
 
 LogProbe::LogProbe()
 {
-    openLogFiles(m_folder.filePath(QStringLiteral("log.dat")).toStdString(),
-                 m_folder.filePath(QStringLiteral("dumped.dat")).toStdString());
+    openLogFiles(m_folder.filePath(QStringLiteral("log.dat")).toStdString(), recordPath().toStdString());
     // The very first line of a process has no line before it that could have written its prefix.
     (logInfo << "start").eol(0);
     mark();
@@ -74,14 +74,18 @@ QStringList LogProbe::info() const
 {
     QStringList lines;
     for (const QString &line : readLines(m_folder.filePath(QStringLiteral("log.dat"))))
-        lines.append(withoutPrefix(line));
+        lines.append(textOfLine(line));
     return lines;
 }
 
-QStringList LogProbe::dumpedLines() const
+QString LogProbe::recordPath() const
 {
-    dumpRingBuffer(false);
-    return readLines(m_folder.filePath(QStringLiteral("dumped.dat")));
+    return m_folder.filePath(QStringLiteral("dumped.dat"));
+}
+
+bool LogProbe::hasRecord() const
+{
+    return QFileInfo(recordPath()).size() > 0;
 }
 
 void LogProbe::mark()
@@ -89,19 +93,26 @@ void LogProbe::mark()
     (logTrace << "mark " << static_cast<double>(++m_marks)).eol(0);
 }
 
-QStringList LogProbe::traceSinceMark()
+QStringList LogProbe::recordedSinceMark() const
 {
     const QString marker = QStringLiteral("mark %1").arg(m_marks);
     QStringList lines;
-    for (const QString &line : dumpedLines()) {
-        const QString text = withoutPrefix(line);
-        if (text == QLatin1String("---- RB END ----"))
+    for (const QString &line : readLines(recordPath())) {
+        if (line.startsWith(QLatin1String("---- RB END ----"))) // what a longer record left may follow
             break;
+        const QString text = textOfLine(line);
         if (text == marker)
             lines.clear();
         else
             lines.append(text);
     }
+    return lines;
+}
+
+QStringList LogProbe::traceSinceMark()
+{
+    dumpRingBuffer(false);
+    const QStringList lines = recordedSinceMark();
     mark();
     return lines;
 }

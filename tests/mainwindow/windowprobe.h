@@ -41,13 +41,17 @@ public:
 
     /// The lines of the log file so far.
     QStringList info() const;
-    /// The trace lines since the last call, without those of other objects' making that carry a line number only.
+    /// The trace lines since the last call or mark(). Writes the record of the trace.
     QStringList traceSinceMark();
+    /// Those of them that stand in the record as the program wrote it last.
+    QStringList recordedSinceMark() const;
+    /// Whether the program has written the record since this probe was made.
+    bool hasRecord() const;
     /// Forgets what was traced so far.
     void mark();
 
 private:
-    QStringList dumpedLines() const;
+    QString recordPath() const;
 
     QTemporaryDir m_folder;
     int m_marks = 0;
