@@ -33,7 +33,9 @@ private slots:
     void fontFieldsStandAsTheyAre();
     void firstTextElementCounts();
     void isNotPaintedInTheMaking();
-    void selectedBoxLooksAsQtDrawsIt();
+    void isPaintedAsBareText_data();
+    void isPaintedAsBareText();
+    void isHitInItsWholeFrame();
     void readingLeavesTheFlags();
     void cloneCannotBeEdited();
     void typingIsUndoneInTheBox();
@@ -188,20 +190,53 @@ void TestTextBoxAnn::isNotPaintedInTheMaking()
     QVERIFY(MarkPicture::ofItem(&box, canvas) != empty);
 }
 
-void TestTextBoxAnn::selectedBoxLooksAsQtDrawsIt()
+void TestTextBoxAnn::isPaintedAsBareText_data()
 {
-    const QRectF canvas(0, 0, 100, 60);
-    TextBoxAnn box;
-    QGraphicsTextItem bare;
-    for (QGraphicsTextItem *item : std::initializer_list<QGraphicsTextItem *>{&box, &bare}) {
-        item->setFont(QFont("Arial", 14));
-        item->setDefaultTextColor(Qt::red);
-        item->setPlainText("Text");
-        item->setFlag(QGraphicsItem::ItemIsSelectable);
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("selected");
+    for (const bool selected : {false, true}) {
+        const char *look = selected ? "selected" : "not selected";
+        QTest::addRow("one line, %s", look) << QStringLiteral("Text") << selected;
+        QTest::addRow("lines, %s", look) << QStringLiteral("one\n  two\n\nfour") << selected;
+        QTest::addRow("empty, %s", look) << QString() << selected;
     }
-    const QImage selected = MarkPicture::ofItem(&box, canvas, true);
-    QCOMPARE(MarkPicture::difference(selected, MarkPicture::ofItem(&bare, canvas, true)), QString());
-    QVERIFY(selected != MarkPicture::ofItem(&box, canvas, false));
+}
+
+void TestTextBoxAnn::isPaintedAsBareText()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, selected);
+    // No frame, no background, no look of its own when selected: what Qt's text item does.
+    const QRectF canvas(-10, -10, 150, 120);
+    const auto pictureOf = [&](QGraphicsTextItem *item) {
+        item->setFont(QFont("Arial", 12));
+        item->setDefaultTextColor(QColor(200, 30, 10, 180));
+        item->setPlainText(text);
+        item->setFlag(QGraphicsItem::ItemIsSelectable);
+        return MarkPicture::ofItem(item, canvas, selected);
+    };
+    TextBoxAnn box;
+    box.setAntialiasing(true); // changes nothing here
+    QGraphicsTextItem bare;
+    const QImage picture = pictureOf(&box);
+    QCOMPARE(MarkPicture::difference(picture, pictureOf(&bare)), QString());
+    const bool isBlank = picture == MarkPicture::ofPainting(canvas, [](QPainter &) {});
+    QCOMPARE(isBlank, text.isEmpty() && !selected);
+}
+
+void TestTextBoxAnn::isHitInItsWholeFrame()
+{
+    TextBoxAnn box;
+    box.setPlainText("one\ntwo");
+    const QRectF frame = box.boundingRect();
+    QCOMPARE(frame.topLeft(), QPointF(0, 0));
+    QVERIFY(box.shape().contains(frame.center()));
+    QVERIFY(box.shape().contains(QPointF(1, 1)));
+    QVERIFY(box.shape().contains(frame.bottomRight() - QPointF(1, 1)));
+    QVERIFY(!box.shape().contains(frame.bottomRight() + QPointF(1, 1)));
+    // An emptied box keeps a small frame, by which it can still be taken hold of.
+    box.setPlainText(QString());
+    QVERIFY(!box.shape().isEmpty());
 }
 
 void TestTextBoxAnn::readingLeavesTheFlags()
