@@ -7,7 +7,7 @@ packages_run=(
     qt6-base-dev qt6-5compat-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
     libgl-dev libvulkan-dev
     qt6-image-formats-plugins qt6-translations-l10n
-    poppler-utils fonts-liberation fonts-dejavu-core
+    poppler-utils xdg-utils fonts-liberation fonts-dejavu-core
 )
 
 # A window without a screen: the server, the window manager, and what looks at it and closes it.

@@ -12,6 +12,7 @@ class Annotation;
 class DocumentItem;
 class PageView;
 class QGraphicsTextItem;
+class QPrinter;
 class QTextDocument;
 class QUndoStack;
 class SyntaxHighlight;
@@ -109,7 +110,17 @@ public:
     QString selectedText() const;
     /// Whether selectedText() is not empty, without making a copy of it.
     bool hasSelectedText() const;
+    /// Selects the next match of @p text from the last one on, or from where resetSearch() put the search, and brings
+    /// it into sight. Without one it says so in a box, and the next search starts at the beginning of the document.
+    bool searchText(const QString &text, bool caseSensitive, bool wholeWords, bool forward);
+    /// Lets the next search start at the beginning of the document.
     void resetSearch();
+    /// Prints the document with its marks as the settings under Printing say; see SheetPrinter. Always true.
+    bool printPage(QPrinter *printer);
+    /// The line numbers of the statistics, which do not look at the document: 1, 1, 0 and 0 for every one.
+    void countLines(int &total, int &code, int &comments, int &empty);
+    /// Whether @p line starts with "//".
+    bool isCommentLine(const QString &line);
     /// Makes the text editable and puts the caret at its start.
     void focusDocument();
     void insertTab();

@@ -3,6 +3,8 @@
 
 #include "documents/annotationclipboard.h"
 #include "documents/documenthost.h"
+#include "mainwindow/mailprocess.h"
+#include "persistence/paperfile.h"
 #include "tools/toolhost.h"
 #include "ui_mainwindow.h"
 #include "widgets/viewhost.h"
@@ -33,7 +35,6 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QPrinter;
-class QProcess;
 class QProgressBar;
 class QToolBar;
 class QToolButton;
@@ -94,6 +95,8 @@ public:
     void addToAnnotationClipboard(Annotation *annotation) override;
     void registerActiveElement(ActiveElement *element, Page *page) override;
     void focusActiveElement(Annotation *element, Page *page);
+    /// The command of the system's mail client, which is stored in the settings; "(empty)" if it has none.
+    QString detectMailClient();
 
     void restorePreviousTool() override;
     void setCurrentFile(const QString &path) override;
@@ -248,6 +251,10 @@ private:
     void checkViewAction(ViewMode mode);
     void stepZoom(int steps);
 
+    void exportTo(const QString &name, PaperFile::Format format);
+    QString attachmentOf(Page *page);
+    void searchStep(bool forward);
+
     void loadTranslations(const QString &locale);
     void retranslateTexts();
     void retranslateToolBars();
@@ -287,6 +294,8 @@ private:
     QCheckBox *m_searchCaseBox = nullptr;
     QCheckBox *m_searchWordsBox = nullptr;
 
+    QString m_lastSearchText; ///< What the search bar looked for last.
+
     QList<QAction *> m_recentFileActions;
     int m_recentLimit = 0;
 
@@ -320,4 +329,5 @@ private:
     int m_viewMode = StandardView;
     QString m_lastOpenDir;
     bool m_fullScreen = false;
+    MailProcess m_mailProcess;
 };

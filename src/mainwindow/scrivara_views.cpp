@@ -11,6 +11,7 @@
 #include "widgets/fullscreendialog.h"
 #include "widgets/viewmodedialog.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QToolBar>
 
@@ -247,4 +248,45 @@ void Scrivara::showSearchToolBar()
         m_searchToolBar->show();
     m_searchBox->setFocus();
     TRACE_LEAVE;
+}
+
+void Scrivara::search(QString toFind)
+{
+    Page *page = currentPage();
+    if (page == nullptr || page->documentKind() != Page::TextDocument)
+        return;
+    TRACE_ENTER;
+    page->searchText(toFind, m_searchCaseBox->isChecked(), m_searchWordsBox->isChecked(), true);
+    TRACE_LEAVE;
+}
+
+void Scrivara::searchPrev()
+{
+    const Page *page = currentPage();
+    if (page == nullptr || page->documentKind() != Page::TextDocument)
+        return;
+    TRACE_ENTER;
+    searchStep(false);
+    TRACE_LEAVE;
+}
+
+void Scrivara::searchNext()
+{
+    if (currentPage() == nullptr)
+        return;
+    TRACE_ENTER;
+    searchStep(true);
+    TRACE_LEAVE;
+}
+
+/// Looks for the text in the search bar; a new one is looked for from the start of the document.
+void Scrivara::searchStep(bool forward)
+{
+    Page *page = currentPage();
+    const QString text = m_searchBox->currentText();
+    if (text != m_lastSearchText) {
+        m_lastSearchText = text;
+        page->resetSearch();
+    }
+    page->searchText(text, m_searchCaseBox->isChecked(), m_searchWordsBox->isChecked(), forward);
 }

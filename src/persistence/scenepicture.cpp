@@ -14,33 +14,40 @@
 namespace {
 
 constexpr qint64 pixelBytesLimit = 1LL << 30;
-/// A painter cannot reach further than 32767 pixels, so tall scenes are painted in bands.
+/// A painter cannot reach further than 32767 pixels.
 constexpr int bandHeight = 16384;
 
 } // namespace
 
+QImage paintPicture(const QSize &size, const std::function<void(QPainter *painter, const QRect &band)> &paint)
+{
+    constexpr int bytesPerPixel = 4;
+    if (size.isEmpty() || qint64(size.width()) * size.height() * bytesPerPixel > pixelBytesLimit)
+        return {};
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    for (int top = 0; top < size.height(); top += bandHeight) {
+        const QRect band(0, top, size.width(), std::min(bandHeight, size.height() - top));
+        QImage strip(picture.scanLine(top), band.width(), band.height(), picture.bytesPerLine(), picture.format());
+        QPainter painter(&strip);
+        paint(&painter, band);
+    }
+    return picture;
+}
+
 QImage renderPicture(QGraphicsScene *scene)
 {
     const QRectF source = scene->sceneRect();
-    const int width = int(source.width());
-    const int height = int(source.height());
-    constexpr int bytesPerPixel = 4;
-    if (width <= 0 || height <= 0 || qint64(width) * height * bytesPerPixel > pixelBytesLimit)
-        return {};
-    QImage picture(width, height, QImage::Format_RGB32);
-    picture.fill(Qt::white);
+    const QSize size(int(source.width()), int(source.height()));
     // The scene is a fraction of a pixel larger than the picture; its proportions are kept.
-    const double scale = std::min(width / source.width(), height / source.height());
-    for (int top = 0; top < height; top += bandHeight) {
-        const int rows = std::min(bandHeight, height - top);
-        QImage band(picture.scanLine(top), width, rows, picture.bytesPerLine(), picture.format());
-        QPainter painter(&band);
-        painter.setRenderHint(QPainter::Antialiasing);
-        scene->render(&painter, QRectF(0.0, 0.0, width, rows),
-                      QRectF(source.left(), source.top() + top / scale, width / scale, rows / scale),
-                      Qt::KeepAspectRatio);
-    }
-    return picture;
+    const double scale = std::min(size.width() / source.width(), size.height() / source.height());
+    return paintPicture(size, [scene, source, scale](QPainter *painter, const QRect &band) {
+        painter->setRenderHint(QPainter::Antialiasing);
+        scene->render(
+            painter, QRectF(QPointF(), band.size()),
+            QRectF(source.left(), source.top() + band.top() / scale, band.width() / scale, band.height() / scale),
+            Qt::KeepAspectRatio);
+    });
 }
 
 QByteArray encodePicture(const QImage &picture, const QString &format)

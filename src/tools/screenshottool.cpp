@@ -1,8 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/screenshottool.h"
 
+#include "app/eventlog.h"
+#include "app/folders.h"
 #include "app/setting.h"
+#include "documents/page.h"
+#include "persistence/privatefile.h"
 #include "tools/cursorpicture.h"
+#include "tools/snapshot.h"
+#include "tools/toolhost.h"
+#include "widgets/dontdialog.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QFileDialog>
+#include <QGraphicsSceneMouseEvent>
+#include <QImageWriter>
+#include <QLabel>
+#include <QPainter>
+#include <QPixmap>
+#include <QSettings>
+
+namespace {
+
+/// Scene units of the dragged area at each side that stay out of the picture: the rim of the overlay.
+constexpr double overlayRim = 2.0;
+/// Scene units; an area below it in both directions is a slip of the hand.
+constexpr double smallestSide = 3.0;
+/// Scene units around the dragged area that are painted anew after a move.
+constexpr double repaintedAround = 100.0;
+
+QString fileFilter()
+{
+    QStringList patterns;
+    for (const QByteArray &format : QImageWriter::supportedImageFormats())
+        patterns.append(QStringLiteral("*.") + QString::fromLatin1(format));
+    return ScreenShotTool::tr("Image Files ") + QLatin1Char('(') + patterns.join(QLatin1Char(' ')) +
+           QStringLiteral(");;") + ScreenShotTool::tr("Portable Document Format (*.pdf);;") +
+           ScreenShotTool::tr("Postscript (*.ps);;");
+}
+
+} // namespace
 
 ScreenShotTool::ScreenShotTool(ToolHost *host) : Tool(true), m_host(host) {}
 
@@ -26,9 +65,104 @@ QCursor ScreenShotTool::makeCursor()
     return picture.toCursor(hotSpot);
 }
 
-void ScreenShotTool::mousePressed(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
-void ScreenShotTool::mouseMoved(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
-void ScreenShotTool::mouseReleased(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/) {}
+void ScreenShotTool::mousePressed(QGraphicsSceneMouseEvent *event, Page *page)
+{
+    (logTrace << "Screenshot tool pressed").eol(0);
+    m_page = page;
+    m_pressPoint = event->scenePos();
+    m_dragging = true;
+}
+
+void ScreenShotTool::mouseMoved(QGraphicsSceneMouseEvent *event, Page * /*page*/)
+{
+    if (!m_dragging)
+        return;
+    m_selection = QRectF(m_pressPoint, event->scenePos()).normalized();
+    if (m_page) {
+        m_page->invalidate(m_selection.adjusted(-repaintedAround, -repaintedAround, repaintedAround, repaintedAround));
+    }
+    showInStatusBar(tr("(w: %1, h: %2)").arg(m_selection.width(), 0, 'g').arg(m_selection.height(), 0, 'g'));
+}
+
+void ScreenShotTool::mouseReleased(QGraphicsSceneMouseEvent * /*event*/, Page * /*page*/)
+{
+    (logTrace << "Screenshot tool released").eol(0);
+    m_dragging = false;
+    showInStatusBar(QString());
+    if (!m_page) {
+        (logTrace << "Screenshot tool, page == NULL").eol(0);
+        return;
+    }
+    const QRectF area = m_selection.adjusted(overlayRim, overlayRim, -overlayRim, -overlayRim);
+    if (area.width() < smallestSide && area.height() < smallestSide)
+        return;
+    // A long drag may still be too thin for a single pixel.
+    if (area.width() >= 1.0 && area.height() >= 1.0)
+        capture(Snapshot(m_page, area));
+    finish();
+}
+
+void ScreenShotTool::capture(const Snapshot &snapshot) const
+{
+    if (m_toClipboard)
+        toClipboard(snapshot);
+    else if (m_toFile)
+        toFile(snapshot);
+    else if (m_byEmail)
+        toMail(snapshot);
+}
+
+void ScreenShotTool::toClipboard(const Snapshot &snapshot) const
+{
+    const QImage picture = snapshot.picture();
+    if (picture.isNull())
+        return;
+    QApplication::clipboard()->setPixmap(QPixmap::fromImage(picture));
+    DontDialog(tr("Information"), tr("Selected area has been copied to the clipboard!"), 0,
+               QStringLiteral("ScreenshotTool/InfoViewInClipboard"), window())
+        .exec();
+}
+
+void ScreenShotTool::toFile(const Snapshot &snapshot) const
+{
+    const QString path = QFileDialog::getSaveFileName(window(), tr("Save As File"),
+                                                      m_host ? m_host->lastOpenDir() : QString(), fileFilter());
+    if (!path.isEmpty())
+        snapshot.saveAs(path, window());
+}
+
+void ScreenShotTool::toMail(const Snapshot &snapshot) const
+{
+    const QString format = settingOr(QSettings(), QStringLiteral("General/AttachmentFormat"), QStringLiteral("PNG"));
+    const bool asPdf = format.compare(QLatin1String("PDF"), Qt::CaseInsensitive) == 0;
+    const QString path =
+        QDir::toNativeSeparators(dataFolder(QStringLiteral("temporary")) +
+                                 (asPdf ? QStringLiteral("Annotated.pdf") : QStringLiteral("Annotated.png")));
+    if (makePrivate(path) && snapshot.saveAs(path, window()) && m_host)
+        m_host->sendFileViaEmail(path);
+}
+
+/// Leaves the tool if it is for one picture only, and takes the dragged area off the page.
+void ScreenShotTool::finish()
+{
+    if (m_useOnce && m_host)
+        m_host->restorePreviousTool();
+    m_selection = QRectF();
+    if (m_page)
+        m_page->invalidate();
+    m_page = nullptr;
+}
+
+QWidget *ScreenShotTool::window() const
+{
+    return m_host ? m_host->hostWindow() : nullptr;
+}
+
+void ScreenShotTool::showInStatusBar(const QString &text) const
+{
+    if (QLabel *label = m_host ? m_host->statusLabel() : nullptr)
+        label->setText(text);
+}
 
 void ScreenShotTool::paintOverlay(QPainter *painter)
 {
