@@ -581,6 +581,18 @@ Do you want to replace it?</source>
         <translation>%1 existe déjà.
 Voulez-vous le remplacer&#xa0;?</translation>
     </message>
+    <message>
+        <source>Search Text</source>
+        <translation>Recherche de texte</translation>
+    </message>
+    <message>
+        <source>Document searching finished.</source>
+        <translation>La recherche dans le document est terminée.</translation>
+    </message>
+    <message>
+        <source>Page %1/%2</source>
+        <translation>Page %1/%2</translation>
+    </message>
 </context>
 <context>
     <name>PageStack</name>
@@ -621,6 +633,25 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     <message>
         <source>Save As File</source>
         <translation>Enregistrer sous</translation>
+    </message>
+</context>
+<context>
+    <name>PaperFile</name>
+    <message>
+        <source>The program &quot;pdftocairo&quot;, which makes PostScript files, was not found.</source>
+        <translation>Le programme «&#xa0;pdftocairo&#xa0;», qui crée les fichiers PostScript, est introuvable.</translation>
+    </message>
+    <message>
+        <source>The program &quot;pdftocairo&quot;, which makes PostScript files, did not finish its work.</source>
+        <translation>Le programme «&#xa0;pdftocairo&#xa0;», qui crée les fichiers PostScript, n’a pas terminé son travail.</translation>
+    </message>
+    <message>
+        <source>I/O Error</source>
+        <translation>Erreur d’E/S</translation>
+    </message>
+    <message>
+        <source>Can&apos;t save file %1</source>
+        <translation>Impossible d’enregistrer le fichier %1</translation>
     </message>
 </context>
 <context>
@@ -763,6 +794,37 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     <message>
         <source>Custom Toolbar</source>
         <translation>Barre d’outils personnalisée</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenShotTool</name>
+    <message>
+        <source>Image Files </source>
+        <translation>Fichiers image </translation>
+    </message>
+    <message>
+        <source>Portable Document Format (*.pdf);;</source>
+        <translation>Portable Document Format (*.pdf);;</translation>
+    </message>
+    <message>
+        <source>Postscript (*.ps);;</source>
+        <translation>Postscript (*.ps);;</translation>
+    </message>
+    <message>
+        <source>(w: %1, h: %2)</source>
+        <translation>(l&#xa0;: %1, h&#xa0;: %2)</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>Selected area has been copied to the clipboard!</source>
+        <translation>La zone sélectionnée a été copiée dans le presse-papiers&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Save As File</source>
+        <translation>Enregistrer sous</translation>
     </message>
 </context>
 <context>
@@ -1352,6 +1414,28 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
 Do you want to continue?</source>
         <translation>Toutes les annotations vont être supprimées&#xa0;! Cette opération est irréversible. 
 Voulez-vous continuer&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Export to PDF</source>
+        <translation>Exporter en PDF</translation>
+    </message>
+    <message>
+        <source>Export to PS</source>
+        <translation>Exporter en PS</translation>
+    </message>
+    <message>
+        <source>I/O Warning</source>
+        <translation>Avertissement d’E/S</translation>
+    </message>
+    <message>
+        <source>Can&apos;t save file %1</source>
+        <translation>Impossible d’enregistrer le fichier %1</translation>
+    </message>
+    <message>
+        <source>Kestrin 7 couldn&apos;t detect default e-mail client on your system.
+          Please, setup path using: Settings -&gt; E-mail</source>
+        <translation>Kestrin 7 n’a pas trouvé de client de messagerie par défaut sur votre système.
+          Indiquez son chemin dans&#xa0;: Paramètres -&gt; E-mail</translation>
     </message>
 </context>
 <context>

@@ -581,6 +581,18 @@ Do you want to replace it?</source>
         <translation>Plik %1 już istnieje.
 Czy chcesz go zastąpić?</translation>
     </message>
+    <message>
+        <source>Search Text</source>
+        <translation>Wyszukiwanie tekstu</translation>
+    </message>
+    <message>
+        <source>Document searching finished.</source>
+        <translation>Zakończono przeszukiwanie dokumentu.</translation>
+    </message>
+    <message>
+        <source>Page %1/%2</source>
+        <translation>Strona %1/%2</translation>
+    </message>
 </context>
 <context>
     <name>PageStack</name>
@@ -621,6 +633,25 @@ Czy chcesz zapisać zmiany?</translation>
     <message>
         <source>Save As File</source>
         <translation>Zapisz jako plik</translation>
+    </message>
+</context>
+<context>
+    <name>PaperFile</name>
+    <message>
+        <source>The program &quot;pdftocairo&quot;, which makes PostScript files, was not found.</source>
+        <translation>Nie znaleziono programu „pdftocairo”, który tworzy pliki PostScript.</translation>
+    </message>
+    <message>
+        <source>The program &quot;pdftocairo&quot;, which makes PostScript files, did not finish its work.</source>
+        <translation>Program „pdftocairo”, który tworzy pliki PostScript, nie dokończył pracy.</translation>
+    </message>
+    <message>
+        <source>I/O Error</source>
+        <translation>Błąd we/wy</translation>
+    </message>
+    <message>
+        <source>Can&apos;t save file %1</source>
+        <translation>Nie można zapisać pliku %1</translation>
     </message>
 </context>
 <context>
@@ -763,6 +794,37 @@ Czy chcesz zapisać zmiany?</translation>
     <message>
         <source>Custom Toolbar</source>
         <translation>Własny pasek narzędzi</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenShotTool</name>
+    <message>
+        <source>Image Files </source>
+        <translation>Pliki graficzne </translation>
+    </message>
+    <message>
+        <source>Portable Document Format (*.pdf);;</source>
+        <translation>Portable Document Format (*.pdf);;</translation>
+    </message>
+    <message>
+        <source>Postscript (*.ps);;</source>
+        <translation>Postscript (*.ps);;</translation>
+    </message>
+    <message>
+        <source>(w: %1, h: %2)</source>
+        <translation>(szer.: %1, wys.: %2)</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Informacja</translation>
+    </message>
+    <message>
+        <source>Selected area has been copied to the clipboard!</source>
+        <translation>Zaznaczony obszar został skopiowany do schowka!</translation>
+    </message>
+    <message>
+        <source>Save As File</source>
+        <translation>Zapisz jako plik</translation>
     </message>
 </context>
 <context>
@@ -1352,6 +1414,28 @@ Czy chcesz zapisać zmiany?</translation>
 Do you want to continue?</source>
         <translation>Wszystkie adnotacje zostaną usunięte! Tej operacji nie można cofnąć. 
 Czy chcesz kontynuować?</translation>
+    </message>
+    <message>
+        <source>Export to PDF</source>
+        <translation>Eksportuj do PDF</translation>
+    </message>
+    <message>
+        <source>Export to PS</source>
+        <translation>Eksportuj do PS</translation>
+    </message>
+    <message>
+        <source>I/O Warning</source>
+        <translation>Ostrzeżenie we/wy</translation>
+    </message>
+    <message>
+        <source>Can&apos;t save file %1</source>
+        <translation>Nie można zapisać pliku %1</translation>
+    </message>
+    <message>
+        <source>Kestrin 7 couldn&apos;t detect default e-mail client on your system.
+          Please, setup path using: Settings -&gt; E-mail</source>
+        <translation>Kestrin 7 nie wykrył domyślnego programu pocztowego w systemie.
+          Podaj jego ścieżkę: Ustawienia -&gt; E-mail</translation>
     </message>
 </context>
 <context>
