@@ -142,6 +142,16 @@ void ScreenShotTool::toMail(const Snapshot &snapshot) const
         m_host->sendFileViaEmail(path);
 }
 
+void ScreenShotTool::abandonGesture()
+{
+    if (!m_dragging)
+        return;
+    m_dragging = false;
+    m_page = nullptr;
+    m_selection = QRectF();
+    showInStatusBar(QString());
+}
+
 /// Leaves the tool if it is for one picture only, and takes the dragged area off the page.
 void ScreenShotTool::finish()
 {

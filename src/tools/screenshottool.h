@@ -28,6 +28,7 @@ public:
     void mouseMoved(QGraphicsSceneMouseEvent *event, Page *page) override;
     void mouseReleased(QGraphicsSceneMouseEvent *event, Page *page) override;
     void paintOverlay(QPainter *painter) override;
+    void abandonGesture() override;
 
 protected:
     void readSettings() override;

@@ -101,6 +101,7 @@ private slots:
     void statusBar();
     void overlayIsPaintedWhileDragging();
     void releaseWithoutAPress();
+    void abandonedDrag();
     void withoutAHost();
 
     void fileByName_data();
@@ -350,6 +351,23 @@ void TestScreenShotTool::releaseWithoutAPress()
     snap.stage.release({200, 200}, Qt::RightButton);
     QVERIFY(SnapshotStage::clipboard().isNull());
     QCOMPARE(snap.host.restored, 1);
+}
+
+void TestScreenShotTool::abandonedDrag()
+{
+    SnapshotStage snap;
+    snap.stage.press(corner);
+    snap.stage.move(corner + QPointF(80, 60));
+    snap.tool.abandonGesture();
+    QVERIFY(!snap.overlayIsShown());
+    QCOMPARE(snap.host.label->text(), QString());
+    snap.stage.release(corner + QPointF(80, 60));
+    QVERIFY(SnapshotStage::clipboard().isNull());
+    QCOMPARE(snap.host.restored, 0);
+    // A change of tools between two gestures leaves an area that was too small where it is.
+    snap.drag({5, 5});
+    snap.tool.abandonGesture();
+    QVERIFY(snap.overlayIsShown());
 }
 
 void TestScreenShotTool::withoutAHost()
