@@ -152,6 +152,8 @@ void Page::setModified(bool modified)
 void Page::newDocument()
 {
     m_documentItem->newDocument();
+    // The text has pushed the cursor of the search to its end.
+    resetSearch();
     m_kind = TextDocument;
     setModified(false);
 }
@@ -175,6 +177,7 @@ void Page::setTextContents(const QString &fileName, const QString &text, const Q
     if (settingOr(QSettings(), QStringLiteral("Syntax/HighlightByDefault"), true) && !definition.isEmpty())
         createHighlighter(definition);
     m_documentItem->setTextContents(text, lineNumbers);
+    resetSearch();
     m_kind = TextDocument;
     (logTrace << " <=>").eol(0);
 }

@@ -55,6 +55,15 @@ QString PdfProbe::text(int page) const
     return outputOf(QStringLiteral("pdftotext"), arguments);
 }
 
+QString PdfProbe::textIn(const QRect &area, int page, int dotsPerInch) const
+{
+    const QString number = QString::number(page);
+    return outputOf(QStringLiteral("pdftotext"),
+                    {"-layout", "-r", QString::number(dotsPerInch), "-x", QString::number(area.x()), "-y",
+                     QString::number(area.y()), "-W", QString::number(area.width()), "-H",
+                     QString::number(area.height()), "-f", number, "-l", number, m_path, "-"});
+}
+
 int PdfProbe::images() const
 {
     // Two lines of headings stand above the list.
@@ -83,16 +92,18 @@ QImage postScriptPicture(const QString &path, int page, int dotsPerInch)
 
 double differingShare(const QImage &one, const QImage &other)
 {
-    if (one.size() != other.size() || one.isNull())
+    const QSize common = one.size().boundedTo(other.size());
+    const QSize largest = one.size().expandedTo(other.size());
+    if (common.isEmpty() || largest.width() > common.width() + 1 || largest.height() > common.height() + 1)
         return 1.0;
     qint64 different = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
+    for (int y = 0; y < common.height(); ++y) {
+        for (int x = 0; x < common.width(); ++x) {
             if (areClearlyDifferent(one.pixel(x, y), other.pixel(x, y)))
                 ++different;
         }
     }
-    return double(different) / (double(one.width()) * one.height());
+    return double(different) / (double(common.width()) * common.height());
 }
 
 int countPixels(const QImage &picture, QRgb color)

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QImage>
+#include <QRect>
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
 
@@ -17,6 +19,9 @@ public:
     QSizeF pageSize() const;
     /// The text of one page, counted from 1, or of all of them for 0.
     QString text(int page = 0) const;
+    /// The text that lies in @p area of a page, in pixels at this resolution; unlike text() it leaves out what the
+    /// page holds but cuts off.
+    QString textIn(const QRect &area, int page, int dotsPerInch) const;
     /// How many raster images the file holds.
     int images() const;
     /// A page of a PDF file, counted from 1, without antialiasing of text.
@@ -29,7 +34,8 @@ private:
 /// A page of a PostScript file, counted from 1, as Ghostscript shows it.
 QImage postScriptPicture(const QString &path, int page, int dotsPerInch);
 
-/// The share of pixels, 0 to 1, that differ clearly between two pictures of the same size; 1 for different sizes.
+/// The share of pixels, 0 to 1, that differ clearly between two pictures; 1 if their sizes differ by more than the
+/// pixel that viewers round differently.
 double differingShare(const QImage &one, const QImage &other);
 /// How many pixels have exactly this colour.
 int countPixels(const QImage &picture, QRgb color);
