@@ -12,7 +12,6 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QScopeGuard>
-#include <QSettings>
 #include <QTextBlock>
 #include <QTextDocument>
 

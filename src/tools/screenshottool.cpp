@@ -20,7 +20,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPixmap>
-#include <QSettings>
 
 namespace {
 

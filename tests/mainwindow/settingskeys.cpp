@@ -64,21 +64,3 @@ const QList<SettingsKey> &settingsKeys()
     };
     return keys;
 }
-
-const QList<const char *> &keysToCome()
-{
-    static const QList<const char *> keys{
-        "General/EmailClient",
-        "General/AttachFileByDefault",
-        "General/AttachmentFormat",
-        "Other/ExportToPdfFile",
-        "Printing/PrintHeader",
-        "Printing/PrintFileName",
-        "Printing/PrintDate",
-        "Printing/PrintPageNumbers",
-        "Printing/PrintLineNumbers",
-        "Printing/PrintAnnotations",
-        "ScreenshotTool/InfoViewInClipboard",
-    };
-    return keys;
-}

@@ -17,6 +17,3 @@ struct SettingsKey
 
 /// The whole store, group by group.
 const QList<SettingsKey> &settingsKeys();
-
-/// Keys whose reader is a part that the program does not have yet.
-const QList<const char *> &keysToCome();
