@@ -8,12 +8,14 @@
 #include "documents/pagestack.h"
 #include "documents/pageview.h"
 #include "support/fakehost.h"
+#include "support/files.h"
 #include "support/testmain.h"
 #include "tools/brackettool.h"
 #include "tools/erasertool.h"
 #include "tools/linetool.h"
 #include "tools/markertool.h"
 #include "tools/markledger.h"
+#include "tools/markplaces.h"
 #include "tools/pentool.h"
 #include "tools/shapetool.h"
 #include "tools/textboxtool.h"
@@ -30,7 +32,9 @@
 #include <QUndoStack>
 #include <QWindow>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -67,6 +71,7 @@ private:
     static const QList<Chance> &chances();
 
     void openDocuments();
+    Page *addTab();
     int pick(int bound) { return int(m_random->bounded(bound)); }
     Page *page() const { return m_stack->currentPage(); }
     PageView *view() const { return page()->pageView(); }
@@ -106,11 +111,10 @@ private:
     void enterDrawn();
     void cutSelected(Page *page, const QList<Annotation *> &marks);
     QList<Annotation *> selectedMarks() const;
-    QHash<int, QPointF> places() const;
-    void expectPlaces(const QHash<int, QPointF> &before);
-    void expectShift(const QHash<int, QPointF> &before, double shift);
+    void expectPlaces(const MarkPlaces &before);
     void change(const std::function<void()> &edit);
 
+    std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<QRandomGenerator> m_random;
     std::unique_ptr<FakeHost> m_host;
     PageStack *m_stack = nullptr; ///< Owned by the host's window.
@@ -149,6 +153,7 @@ const QList<TestRandomWork::Chance> &TestRandomWork::chances()
 
 void TestRandomWork::init()
 {
+    m_folder = std::make_unique<QTemporaryDir>();
     m_host = std::make_unique<FakeHost>();
     m_host->currentMode = TransformMode;
     m_ledger = std::make_unique<MarkLedger>();
@@ -174,28 +179,25 @@ void TestRandomWork::cleanup()
     m_host.reset();
 }
 
+Page *TestRandomWork::addTab()
+{
+    auto *page = new Page(m_host.get());
+    auto *view = new PageView(page, nullptr);
+    page->setPageView(view);
+    view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_stack->addTab(view, QString::number(m_stack->count()));
+    m_ledger->addPage(page);
+    return page;
+}
+
 void TestRandomWork::openDocuments()
 {
-    const QTemporaryDir folder;
-    const QString picture = folder.filePath(QStringLiteral("p.png"));
-    QVERIFY(QPixmap(600, 500).save(picture));
-    for (int i = 0; i < 3; ++i) {
-        auto *page = new Page(m_host.get());
-        auto *view = new PageView(page, nullptr);
-        page->setPageView(view);
-        view->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        m_stack->addTab(view, QString::number(i));
-        if (i == 2) {
-            QVERIFY(page->loadFile(picture));
-        } else {
-            const QString text = randomSource(m_random.get());
-            QString numbers;
-            for (int line = 0; line <= text.count(QLatin1Char('\n')); ++line)
-                numbers += QString::number(line + 1) + QLatin1Char('\n');
-            page->setTextContents(QStringLiteral("a.txt"), text, numbers);
-        }
-        m_ledger->addPage(page);
+    for (const char *name : {"a.txt", "b.txt"}) {
+        store(m_folder->filePath(name), randomSource(m_random.get()).toUtf8());
+        QVERIFY(addTab()->loadFile(m_folder->filePath(name)));
     }
+    QVERIFY(QPixmap(600, 500).save(m_folder->filePath("p.png")));
+    QVERIFY(addTab()->loadFile(m_folder->filePath("p.png")));
     m_stack->setCurrentIndex(0);
     page()->activateUndoStack();
     m_host->window.show();
@@ -283,40 +285,10 @@ QList<Annotation *> TestRandomWork::selectedMarks() const
     return selected;
 }
 
-QHash<int, QPointF> TestRandomWork::places() const
+void TestRandomWork::expectPlaces(const MarkPlaces &before)
 {
-    QHash<int, QPointF> found;
-    for (const Annotation *mark : marksOf(page()))
-        found.insert(MarkLedger::numberOf(mark), dynamic_cast<const QGraphicsItem *>(mark)->scenePos());
-    return found;
-}
-
-void TestRandomWork::expectPlaces(const QHash<int, QPointF> &before)
-{
-    const QHash<int, QPointF> after = places();
-    for (auto place = after.cbegin(); place != after.cend(); ++place) {
-        if (before.contains(place.key()) && before.value(place.key()) != place.value())
-            fail(QStringLiteral("mark %1 has moved").arg(place.key()));
-    }
-}
-
-/// Marks move up or down together, and none that lies below one that moves stays.
-void TestRandomWork::expectShift(const QHash<int, QPointF> &before, double shift)
-{
-    const QHash<int, QPointF> after = places();
-    double lowestThatStays = -1e9;
-    double highestThatMoves = 1e9;
-    for (auto place = before.cbegin(); place != before.cend(); ++place) {
-        const QPointF way = after.value(place.key()) - place.value();
-        if (way.isNull())
-            lowestThatStays = std::max(lowestThatStays, place.value().y());
-        else
-            highestThatMoves = std::min(highestThatMoves, place.value().y());
-        if (!way.isNull() && (way.x() != 0.0 || std::abs(way.y() - shift) > 1e-6))
-            fail(QStringLiteral("mark %1 has moved by %2 instead of %3").arg(place.key()).arg(way.y()).arg(shift));
-    }
-    if (shift != 0.0 && lowestThatStays > highestThatMoves)
-        fail(QStringLiteral("a mark has moved, one below it has not"));
+    for (const int mark : before.moved())
+        fail(QStringLiteral("mark %1 has moved").arg(mark));
 }
 
 void TestRandomWork::enterDrawn()
@@ -339,7 +311,7 @@ Tool *TestRandomWork::randomTool(int count)
 
 void TestRandomWork::draw()
 {
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     m_host->currentMode = ToolMode;
     m_host->tool = randomTool(int(m_tools.size()) - 1); // all but the eraser
     press(randomPoint());
@@ -368,7 +340,7 @@ void TestRandomWork::changeToolWhileDrawing()
 void TestRandomWork::selectByClick()
 {
     m_host->currentMode = TransformMode;
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     const QPoint point = pointOnAMark();
     press(point);
     release(point);
@@ -385,17 +357,16 @@ void TestRandomWork::selectAtRandom()
 void TestRandomWork::dragMarks()
 {
     m_host->currentMode = TransformMode;
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     press(pointOnAMark());
     moveTo(randomPoint());
     const QPoint end = randomPoint();
     moveTo(end);
     release(end);
     const QList<int> selected = MarkLedger::numbersOf(selectedMarks());
-    const QHash<int, QPointF> after = places();
-    for (auto place = before.cbegin(); place != before.cend(); ++place) {
-        if (after.value(place.key()) != place.value() && !selected.contains(place.key()))
-            fail(QStringLiteral("mark %1 was dragged unselected").arg(place.key()));
+    for (const int mark : before.moved()) {
+        if (!selected.contains(mark))
+            fail(QStringLiteral("mark %1 was dragged unselected").arg(mark));
     }
 }
 
@@ -403,7 +374,7 @@ void TestRandomWork::copy()
 {
     m_host->currentMode = pick(2) == 0 ? TransformMode : ToolMode;
     const bool anything = !page()->selectedItems().isEmpty();
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     const QList<Annotation *> selected = selectedMarks();
     page()->copyCommand();
     expectPlaces(before);
@@ -428,7 +399,7 @@ void TestRandomWork::cutSelected(Page *page, const QList<Annotation *> &marks)
 void TestRandomWork::cut()
 {
     m_host->currentMode = pick(2) == 0 ? TransformMode : ToolMode;
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     const QList<Annotation *> selected = selectedMarks();
     cutSelected(page(), selected);
     if (pick(2) == 0)
@@ -451,7 +422,7 @@ void TestRandomWork::erase()
 void TestRandomWork::paste()
 {
     m_host->currentMode = pick(2) == 0 ? TransformMode : ToolMode;
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     if (!m_ledger->clipboard().isEmpty())
         m_ledger->push(page(), MarkLedger::Put, m_ledger->clipboard());
     page()->pasteCommand();
@@ -460,7 +431,7 @@ void TestRandomWork::paste()
 
 void TestRandomWork::undo()
 {
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     m_ledger->undo(page());
     m_host->group->undo();
     expectPlaces(before);
@@ -468,7 +439,7 @@ void TestRandomWork::undo()
 
 void TestRandomWork::redo()
 {
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     m_ledger->redo(page());
     m_host->group->redo();
     expectPlaces(before);
@@ -489,11 +460,11 @@ void TestRandomWork::change(const std::function<void()> &edit)
 {
     m_host->currentMode = TextMode;
     const QTextDocument *document = page()->textDocument();
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     const int lines = document->blockCount();
     const double lineHeight = page()->contentsHeight() / lines;
     edit();
-    expectShift(before, (document->blockCount() - lines) * lineHeight);
+    fail(before.differenceFromShift((document->blockCount() - lines) * lineHeight));
     if (page()->documentKind() == Page::TextDocument && page()->documentItem()->lineCount() != document->blockCount())
         fail(QStringLiteral("the lines are miscounted"));
 }
@@ -540,7 +511,7 @@ void TestRandomWork::undoText()
 
 void TestRandomWork::typeIntoTextBox()
 {
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     for (Annotation *mark : marksOf(page())) {
         auto *box = dynamic_cast<TextBoxAnn *>(mark);
         if (!box || box->textInteractionFlags() == Qt::NoTextInteraction || !box->isVisible())
@@ -560,7 +531,7 @@ void TestRandomWork::switchTab()
 
 void TestRandomWork::hideOrShow()
 {
-    const QHash<int, QPointF> before = places();
+    const MarkPlaces before(page());
     page()->setAnnotationsHidden(pick(3) == 0);
     expectPlaces(before);
 }
