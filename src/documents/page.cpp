@@ -28,6 +28,10 @@ namespace {
 
 constexpr double pageMarginX = 50.0;
 constexpr double pageMarginY = 5.0;
+/// Qt fits the depth of its search tree to the items there are when it first looks, which is before the marks come.
+/// It grows with them instead: fewer items for each leaf find nothing faster, but the text lies in all leaves.
+constexpr int itemsPerLeaf = 8;
+constexpr int leastTreeDepth = 5;
 
 /// The annotated file beside @p path: same folder, name up to the first dot.
 QString annotatedFileFor(const QString &path)
@@ -48,6 +52,7 @@ Page::Page(DocumentHost *host)
       m_fileName(DocumentName::unnamed),
       m_undoStack(new QUndoStack)
 {
+    setBspTreeDepth(leastTreeDepth);
     resetSearch();
     if (host && host->undoGroup())
         host->undoGroup()->addStack(m_undoStack);
@@ -298,14 +303,20 @@ void Page::removeAnnotations()
 
 void Page::putOnScene(QGraphicsItem *item)
 {
-    if (item && item->scene() != this)
-        addItem(item);
+    if (!item || item->scene() == this)
+        return;
+    addItem(item);
+    ++m_itemCount;
+    if (m_itemCount > itemsPerLeaf << bspTreeDepth())
+        setBspTreeDepth(bspTreeDepth() + 1);
 }
 
 void Page::takeOffScene(QGraphicsItem *item)
 {
-    if (item && item->scene() == this)
-        removeItem(item);
+    if (!item || item->scene() != this)
+        return;
+    removeItem(item);
+    --m_itemCount;
 }
 
 void Page::highlightSyntax(bool on)

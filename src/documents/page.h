@@ -185,5 +185,6 @@ private:
     QRectF m_savedSize;
     QUndoStack *m_undoStack;
     SyntaxHighlight *m_highlighter = nullptr; ///< Owned; null while nothing is coloured.
+    int m_itemCount = 0; ///< About as many as there are; items that die or change pages by themselves are not told.
     mutable MarkPointer m_knownMark; ///< A mark on this scene; spares hasAnnotations() the walk over all items.
 };
