@@ -129,6 +129,7 @@ void DocumentItem::setTextContents(const QString &text, const QString &lineNumbe
     m_lineNumbers->setNumbers(lineNumbers);
     fitScene();
     m_modified = false;
+    m_page->refreshUi();
 }
 
 /// The document announces the old text's going and the new one's coming apart. To the marks it is one change: they

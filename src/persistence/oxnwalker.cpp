@@ -15,14 +15,18 @@ bool OxnWalker::walk(QIODevice &device)
     QXmlStreamReader xml(&guard);
     xml.setNamespaceProcessing(false);
     while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement) {
+        const QXmlStreamReader::TokenType token = xml.readNext();
+        if (token == QXmlStreamReader::StartDocument && !guard.isTrueEncoding(xml.documentEncoding())) {
+            xml.raiseError(QStringLiteral("encoding %1 is not supported").arg(xml.documentEncoding()));
+        } else if (token == QXmlStreamReader::StartElement) {
             visitRoot(StreamElementReader(xml));
             walkChildren(xml);
         }
     }
     m_errorString = guard.hasRefused() ? QStringLiteral("too many attributes or declarations") : xml.errorString();
     m_errorString += QStringLiteral(" in line %1, column %2").arg(xml.lineNumber()).arg(xml.columnNumber());
-    return !xml.hasError();
+    // Behind the root a parser takes any end for a good one.
+    return !xml.hasError() && !guard.hasRefused() && !guard.hasFailed();
 }
 
 void OxnWalker::walkChildren(QXmlStreamReader &xml)

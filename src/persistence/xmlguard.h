@@ -20,6 +20,10 @@ public:
 
     /// Whether the scanner objected.
     bool hasRefused() const;
+    /// Whether the source could not be read to its end.
+    bool hasFailed() const;
+    /// Whether what the text declares as its encoding is how the scanner has read it. An empty declaration is.
+    bool isTrueEncoding(QStringView declared) const;
     bool isSequential() const override;
     bool atEnd() const override;
 
@@ -34,4 +38,5 @@ private:
     TagScanner m_scanner;
     std::optional<QStringDecoder> m_decoder; ///< For a text of characters wider than a byte.
     bool m_refused = false;
+    bool m_failed = false;
 };

@@ -59,6 +59,34 @@ bool isFinite(const QRectF &rect)
            std::isfinite(rect.bottom());
 }
 
+/// A disk that fails after so many bytes, and goes on saying that there is more.
+class FailingDevice : public QIODevice
+{
+public:
+    FailingDevice(const QByteArray &bytes, qint64 good) : m_bytes(bytes), m_left(good) { open(ReadOnly | Unbuffered); }
+
+    bool isSequential() const override { return true; }
+    bool atEnd() const override { return false; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        const qint64 size = std::min(maxSize, m_left);
+        if (size == 0)
+            return -1;
+        std::copy_n(m_bytes.constBegin() + m_read, size, data);
+        m_read += size;
+        m_left -= size;
+        return size;
+    }
+    qint64 writeData(const char * /*data*/, qint64 /*maxSize*/) override { return -1; }
+
+private:
+    QByteArray m_bytes;
+    qint64 m_left;
+    qint64 m_read = 0;
+};
+
 void ignoreMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString & /*text*/) {}
 
 } // namespace
@@ -77,6 +105,7 @@ private slots:
     void refusedWithoutOpening();
     void truncatedAnywhere();
     void everyByteChanged();
+    void readErrorAnywhere();
     void largeButHarmless_data();
     void largeButHarmless();
     void oddNumbers_data();
@@ -123,6 +152,9 @@ void TestOxnHostile::refused_data()
     QTest::newRow("not UTF-8") << Oxn::file("<text_contents>\xFC</text_contents>");
     QTest::newRow("overlong UTF-8") << Oxn::file("<text_contents>\xC0\x80</text_contents>");
     QTest::newRow("declared as what it is not") << "<?xml version='1.0' encoding='UTF-16'?>" + good;
+    for (const char *encoding : {"IBM037", "UTF-7", "UTF-16LE", "UTF-16BE", "UTF-32", "Shift_JIS", "utf8x"})
+        QTest::addRow("declared as %s", encoding)
+            << QByteArray("<?xml version='1.0' encoding='") + encoding + "'?>" + good;
     QTest::newRow("unknown encoding") << "<?xml version='1.0' encoding='none'?>" + good;
     QTest::newRow("unknown entity") << Oxn::file("<text_contents>&boo;</text_contents>");
     QTest::newRow("forbidden character by number") << Oxn::file("<text_contents>&#12;</text_contents>");
@@ -137,6 +169,7 @@ void TestOxnHostile::refused_data()
     QTest::newRow("80000 attributes") << Oxn::file("<pen_line" + attributes(80'000) + "/>");
     QTest::newRow("80000 attributes of the root") << Oxn::file("", attributes(80'000));
     QTest::newRow("80000 attributes of a point") << Oxn::file("<pen_line><p" + attributes(80'000) + "/></pen_line>");
+    QTest::newRow("80000 attributes behind the root") << good + "<a" + attributes(80'000) + "/>";
     QTest::newRow("deep nesting") << Oxn::file(QByteArray("<a>").repeated(100'000) +
                                                QByteArray("</a>").repeated(100'000));
     QTest::newRow("deep nesting in a mark") << Oxn::file("<pen_line>" + QByteArray("<p>").repeated(100'000) +
@@ -199,6 +232,17 @@ void TestOxnHostile::truncatedAnywhere()
     QCOMPARE(Oxn::marks(*m_page).size(), 2);
     QVERIFY(!load(m_files->write("a.oxn", whole.chopped(20))));
     QCOMPARE(m_boxes.size(), 1);
+}
+
+void TestOxnHostile::readErrorAnywhere()
+{
+    const QByteArray bytes = Oxn::file("<text_contents>a text</text_contents><pen_line><p x='1' y='2'/></pen_line>");
+    for (qint64 good = 0; good <= bytes.size(); ++good) {
+        FailingDevice device(bytes, good);
+        OxnReader reader;
+        QVERIFY2(!reader.walk(device), qPrintable(QString::number(good)));
+        QVERIFY(!reader.errorString().isEmpty());
+    }
 }
 
 void TestOxnHostile::everyByteChanged()

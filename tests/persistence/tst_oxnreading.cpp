@@ -474,6 +474,9 @@ void TestOxnReading::encodings_data()
     QTest::newRow("UTF-8 with mark") << "\xEF\xBB\xBF" + text.toUtf8();
     QTest::newRow("UTF-16 LE") << coded(QStringConverter::Utf16LE, {});
     QTest::newRow("UTF-16 BE, declared") << coded(QStringConverter::Utf16BE, "<?xml version='1.0' encoding='utf-16'?>");
+    QTest::newRow("Latin-2 declared") << QByteArray("<?xml version='1.0' encoding='ISO-8859-2'?>") +
+                                             "<a zettel_werk_type='x'><text_contents>za\xbf\xf3\xb3\xe6 "
+                                             "&#x20ac;</text_contents></a>";
     QTest::newRow("no line end at the end, many before") << QByteArray("\n\n\n") + text.toUtf8();
 }
 
