@@ -20,6 +20,7 @@ public:
     enum StepKind { Put, Cut };
 
     void addPage(Page *page);
+    qsizetype pageCount() const { return m_pages.size(); }
     /// Gives a mark that was not known yet a number.
     int enter(Annotation *mark);
     /// The number of @p mark; -1 if it was never entered.

@@ -17,6 +17,7 @@
 #include "tools/markledger.h"
 #include "tools/markplaces.h"
 #include "tools/pentool.h"
+#include "tools/savedcopy.h"
 #include "tools/shapetool.h"
 #include "tools/textboxtool.h"
 
@@ -106,6 +107,8 @@ private:
     void hideOrShow();
     void clearSteps();
     void removeMarks();
+    void save();
+    void reopen();
 
     /// Enters the marks on the page that are new, as one step if there are any.
     void enterDrawn();
@@ -147,6 +150,8 @@ const QList<TestRandomWork::Chance> &TestRandomWork::chances()
         {"hide or show marks", 2, &TestRandomWork::hideOrShow},
         {"clear the undo steps", 1, &TestRandomWork::clearSteps},
         {"remove all marks", 1, &TestRandomWork::removeMarks},
+        {"save", 3, &TestRandomWork::save},
+        {"save, close and open", 1, &TestRandomWork::reopen},
     };
     return all;
 }
@@ -548,6 +553,35 @@ void TestRandomWork::removeMarks()
         return;
     page()->removeAnnotations();
     m_ledger->removeAll(page());
+}
+
+void TestRandomWork::save()
+{
+    const MarkPlaces before(page());
+    fail(differenceAfterSaving(page(), m_folder->filePath(QStringLiteral("copy.oxn"))));
+    expectPlaces(before);
+}
+
+void TestRandomWork::reopen()
+{
+    constexpr int mostPages = 12; // closed ones live on
+    if (m_ledger->pageCount() >= mostPages)
+        return;
+    const QString path = m_folder->filePath(QStringLiteral("page%1.oxn").arg(m_ledger->pageCount()));
+    const qsizetype saved = marksOf(page()).size();
+    if (!page()->saveDocument(path, false) || page()->isModified())
+        fail(QStringLiteral("it was not saved"));
+    m_stack->closeCurrentTab();
+    Page *opened = addTab();
+    if (!opened->loadFile(path) || opened->isModified())
+        fail(QStringLiteral("it was not opened"));
+    const QList<Annotation *> marks = marksOf(opened);
+    for (Annotation *mark : marks)
+        m_ledger->found(opened, m_ledger->enter(mark));
+    if (marks.size() != saved)
+        fail(QStringLiteral("%1 marks were saved, %2 came back").arg(saved).arg(marks.size()));
+    m_stack->setCurrentIndex(m_stack->count() - 1);
+    opened->activateUndoStack();
 }
 
 REGISTER_TEST(TestRandomWork)
