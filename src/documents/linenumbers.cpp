@@ -13,15 +13,6 @@
 
 namespace {
 
-/// "first\n" up to "last\n".
-QString numbersFrom(int first, int last)
-{
-    QString text;
-    for (int number = first; number <= last; ++number)
-        text += QString::number(number) + QLatin1Char('\n');
-    return text;
-}
-
 /// How many numbers @p text holds if it is "1\n2\n" and so on; -1 if it is anything else.
 int countOfNumbers(QStringView text)
 {
@@ -39,6 +30,14 @@ int countOfNumbers(QStringView text)
 }
 
 } // namespace
+
+QString LineNumbers::numbers(int first, int last)
+{
+    QString text;
+    for (int number = first; number <= last; ++number)
+        text += QString::number(number) + QLatin1Char('\n');
+    return text;
+}
 
 LineNumbers::LineNumbers(QObject *parent) : QTextDocument(parent)
 {
@@ -82,7 +81,7 @@ void LineNumbers::write()
     const int count = m_unwritten->count();
     m_unwritten = nullptr;
     setDocumentLayout(new TextLayout(this));
-    setPlainText(numbersFrom(1, count));
+    setPlainText(numbers(1, count));
 }
 
 int LineNumbers::shownBlockCount() const
@@ -100,7 +99,7 @@ void LineNumbers::follow(int oldCount, int newCount)
     QTextCursor cursor(this);
     cursor.movePosition(QTextCursor::End);
     if (newCount > oldCount) {
-        cursor.insertText(numbersFrom(oldCount + 1, newCount));
+        cursor.insertText(numbers(oldCount + 1, newCount));
         return;
     }
     // The last block is empty, so each number goes together with the line end behind it.

@@ -18,6 +18,9 @@ class LineNumbers : public QTextDocument
 public:
     explicit LineNumbers(QObject *parent = nullptr);
 
+    /// "first\n" up to "last\n"; empty if @p last is less than @p first.
+    static QString numbers(int first, int last);
+
     /// Puts each number, unless the text is written, at the height of its line of @p text, which is not owned.
     void standBeside(TextLayout *text);
     /// Shows @p text, which is usually the numbers from 1 on, each with a line feed; anything else is shown as it is.

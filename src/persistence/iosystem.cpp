@@ -3,6 +3,7 @@
 
 #include "app/eventlog.h"
 #include "documents/documentname.h"
+#include "documents/linenumbers.h"
 #include "documents/page.h"
 #include "documents/warningbox.h"
 #include "persistence/lineends.h"
@@ -79,7 +80,7 @@ bool IoSystem::loadText(Page *page, const QString &fileName)
     const SplitText split = splitLines(decodeText(bytes, &format));
     format.lineEnd = split.lineEnd;
     progress.show(50);
-    page->setTextContents(fileName, split.text, numbersText(split.lines));
+    page->setTextContents(fileName, split.text, LineNumbers::numbers(1, split.lines));
     page->setTextFormat(format);
     rememberOddEnds(page->textDocument(), split);
     page->setFileType(QFileInfo(fileName).suffix());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Annotated files.
 #include "app/eventlog.h"
+#include "documents/linenumbers.h"
 #include "documents/page.h"
 #include "documents/warningbox.h"
 #include "persistence/iosystem.h"
@@ -57,7 +58,7 @@ bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, 
         case OxnContents::Text: {
             // Nothing ends the last line, so that a line feed at the text's end starts one more.
             const SplitText split = splitLines(part.text + QChar::ParagraphSeparator);
-            page->setTextContents(fileName, split.text, numbersText(split.lines));
+            page->setTextContents(fileName, split.text, LineNumbers::numbers(1, split.lines));
             break;
         }
         case OxnContents::Image:
@@ -71,7 +72,7 @@ bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, 
             page->setImageContents(fileName, part.text);
             break;
         case OxnContents::Mark:
-            page->addItem(dynamic_cast<QGraphicsItem *>(part.mark.release()));
+            page->putOnScene(dynamic_cast<QGraphicsItem *>(part.mark.release()));
             break;
         }
     }

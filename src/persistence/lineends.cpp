@@ -36,14 +36,6 @@ QString mostFrequent(const QList<QStringView> &ends)
 
 } // namespace
 
-QString numbersText(int lines)
-{
-    QString numbers;
-    for (int number = 1; number <= lines; ++number)
-        numbers += QString::number(number) + QLatin1Char('\n');
-    return numbers;
-}
-
 SplitText splitLines(const QString &raw)
 {
     SplitText split;

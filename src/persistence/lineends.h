@@ -24,9 +24,6 @@ struct SplitText
     QList<OddEnd> oddEnds;
 };
 
-/// The gutter's text: "1\n2\n" and so on, one number for each of @p lines.
-QString numbersText(int lines);
-
 /// Takes @p raw apart. A line ends where a text document would end one: also at a lone carriage return, a paragraph
 /// separator (U+2029) and the two frame marks U+FDD0 and U+FDD1.
 SplitText splitLines(const QString &raw);

@@ -40,6 +40,7 @@ private slots:
     void shownPictureStaysWhenTheNextIsMissing();
     void lineNumbersOfAPictureStayAway();
     void containsItem();
+    void searchTreeGrowsWithTheMarks();
     void hiddenAnnotationsCount();
     void hiddenStateIsOfThePage();
     void focusDocumentPutsTheCaretAtTheStart();
@@ -228,6 +229,25 @@ void TestPage::containsItem()
     m_page->newDocument();
     QVERIFY(m_page->containsItem(m_page->documentItem()->textItem()));
     QVERIFY(!m_page->containsItem(nullptr));
+}
+
+void TestPage::searchTreeGrowsWithTheMarks()
+{
+    m_page->newDocument();
+    const int depth = m_page->bspTreeDepth();
+    for (int i = 0; i < 2000; ++i)
+        m_page->addAnnotation(new TestMark(QPointF(i % 50 * 30.0, i / 50 * 30.0)));
+    QCOMPARE(m_page->bspTreeDepth(), depth + 3);
+    // What was there before a change of depth is found as well.
+    for (const QPointF &pos : {QPointF(5, 5), QPointF(49 * 30 + 5, 39 * 30 + 5)})
+        QVERIFY(dynamic_cast<TestMark *>(m_page->itemAt(pos, QTransform())));
+    // Marks that come and go do not deepen it further.
+    m_page->activateUndoStack();
+    for (int i = 0; i < 3000; ++i) {
+        m_host->group->undo();
+        m_host->group->redo();
+    }
+    QCOMPARE(m_page->bspTreeDepth(), depth + 3);
 }
 
 void TestPage::hiddenAnnotationsCount()

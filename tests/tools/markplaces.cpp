@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/markplaces.h"
 
+#include "annotations/annotation.h"
 #include "tools/markledger.h"
 
 #include <QGraphicsItem>
