@@ -13,7 +13,6 @@ private slots:
     void typedTextIsOnDisk();
     void newFileIsSavedUnderAName();
     void closingAsksAboutAModifiedDocument();
-    void leavesMinimalViewByKeys();
 
 private:
     XSession m_session;
@@ -75,32 +74,5 @@ void TestEditing::closingAsksAboutAModifiedDocument()
 }
 
 /// With all bars hidden no shortcut works but F10, which goes on to full screen and from there back to all bars.
-void TestEditing::leavesMinimalViewByKeys()
-{
-    InstalledProgram program(m_session);
-    const QString path = program.writeDocument(QStringLiteral("a.txt"), "a\n");
-    QVERIFY(!program.start({path}).isEmpty());
-    m_session.waitUntilQuiet();
-    const QRect place = m_session.geometry(program.window());
-    m_session.click(place.topLeft() + QPoint(20, 9)); // the first menu
-    m_session.waitUntilQuiet();
-    for (const char *key : {"Left", "Left", "Left", "Down", "Down", "Down", "Down", "Down", "Return"})
-        m_session.key(QString::fromLatin1(key));
-    const QString bar = m_session.waitForWindow(QStringLiteral("^Kestrin 7$"), XSession::Visible);
-    QVERIFY2(!bar.isEmpty(), "the floating bar of the minimal view");
-    m_session.key(QStringLiteral("ctrl+n"));
-    m_session.waitUntilQuiet();
-    QCOMPARE(m_session.title(program.window()), "Kestrin 7 [" + path + ']');
-
-    m_session.key(QStringLiteral("F10"));
-    QTRY_COMPARE(m_session.geometry(program.window()), m_session.grab().rect());
-    m_session.key(QStringLiteral("F10"));
-    QTRY_VERIFY(m_session.geometry(program.window()) != m_session.grab().rect());
-    m_session.waitUntilQuiet();
-    m_session.key(QStringLiteral("ctrl+n"));
-    QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7 [noname]"));
-    QVERIFY(program.closeRegularly());
-}
-
 REGISTER_TEST(TestEditing)
 #include "tst_editing.moc"

@@ -626,7 +626,7 @@ void TestOutput::detectedClientIsStored()
     const QString query = programs.add(QStringLiteral("xdg-mime"), "echo asked >> \"$0.asked\"; echo post.desktop");
     const QString entries = QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation);
     QVERIFY(QDir().mkpath(entries));
-    store(entries + "/post.desktop", "[Desktop Entry]\nExec=" + client.toUtf8() + " %U\n");
+    store(entries + "/post.desktop", "[Desktop Entry]\nExec=\"" + client.toUtf8() + "\" %U\n");
     window->sendFileViaEmail();
     QCOMPARE(mailArguments(client), (QStringList{"-compose", plainMail}));
     QCOMPARE(QSettings().value(mailKey).toString(), client);
