@@ -14,6 +14,7 @@ class TestRun : public QObject
 
 private slots:
     void showsItsFilesAndTakesAPicture();
+    void boxAboutAMissingFileIsClosed();
     void failsWhenNoWindowComesUp();
 
 private:
@@ -57,6 +58,14 @@ void TestRun::showsItsFilesAndTakesAPicture()
             colors.insert(image.pixel(x, y));
     }
     QVERIFY2(colors.size() > 100, "the picture shows a window with its icons");
+}
+
+void TestRun::boxAboutAMissingFileIsClosed()
+{
+    QString output;
+    const QString missing = QStringLiteral("no such file.txt");
+    QCOMPARE(run({QStringLiteral("README.md"), missing}, withoutDisplay(), &output), 0);
+    QVERIFY2(output.contains(QLatin1String("Closing a box: I/O Error")), qPrintable(output));
 }
 
 void TestRun::failsWhenNoWindowComesUp()
