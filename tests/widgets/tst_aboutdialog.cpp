@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/dialogs.h"
+#include "support/modalanswer.h"
 #include "support/testmain.h"
 #include "widgets/aboutdialog.h"
 
@@ -208,14 +208,14 @@ void TestAboutDialog::okCloses()
 {
     AboutDialog dialog;
     {
-        const DialogAnswers answer(clickButton("okButton"));
+        const ModalAnswer answer(clickButton("okButton"));
         QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Accepted));
     }
     {
-        const DialogAnswers answer(pressKey(Qt::Key_Return));
+        const ModalAnswer answer(pressKey(Qt::Key_Return));
         QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Accepted));
     }
-    const DialogAnswers answer(pressKey(Qt::Key_Escape));
+    const ModalAnswer answer(pressKey(Qt::Key_Escape));
     QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Rejected));
 }
 

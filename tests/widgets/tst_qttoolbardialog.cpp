@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/dialogs.h"
+#include "support/modalanswer.h"
 #include "support/testmain.h"
 #include "widgets/qtfulltoolbarmanager.h"
 #include "widgets/qttoolbardialog.h"
@@ -478,14 +478,14 @@ void TestQtToolBarDialog::runsModally()
     CustomizedWindow window;
     QtToolBarDialog dialog;
     dialog.setToolBarManager(&window.manager);
-    const DialogAnswers answer([](QWidget *shown) {
+    const ModalAnswer answer([](QWidget *shown) {
         auto *list = shown->findChild<QListWidget *>("currentToolBarList");
         list->setCurrentRow(1);
         clickButton("leftButton")(shown);
         QTest::keyClick(shown->findChild<QTreeWidget *>("actionTree"), Qt::Key_Return); // OK is the default button
     });
     QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Accepted));
-    QVERIFY(answer.allGiven());
+    QVERIFY(answer.succeeded());
     QCOMPARE(CustomizedWindow::shown(window.lines), QStringList({"A", "B"}));
 }
 
