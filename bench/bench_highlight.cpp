@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What syntax highlighting adds to loading and typing, on C++ text of this program's own kind.
-#include "documents/documentitem.h"
-#include "documents/page.h"
-#include "documents/pageview.h"
 #include "measure.h"
+#include "openpage.h"
 
 #include <QApplication>
 #include <QFile>
@@ -38,34 +36,13 @@ QString source(int lines)
     return text;
 }
 
-class OpenPage
+void insert(OpenPage &open, int position, const QString &text)
 {
-public:
-    explicit OpenPage(const QString &fileName) : m_page(nullptr), m_view(&m_page, nullptr)
-    {
-        m_page.setPageView(&m_view);
-        m_view.resize(1000, 800);
-        if (!m_page.loadFile(fileName))
-            qFatal("cannot load the sample file");
-        m_view.show();
-        paint();
-    }
-
-    void paint() { QCoreApplication::processEvents(); }
-    Page &page() { return m_page; }
-
-    void insert(int position, const QString &text)
-    {
-        QTextCursor cursor(m_page.textDocument());
-        cursor.setPosition(position);
-        cursor.insertText(text);
-        paint();
-    }
-
-private:
-    Page m_page;
-    PageView m_view;
-};
+    QTextCursor cursor(open.page().textDocument());
+    cursor.setPosition(position);
+    cursor.insertText(text);
+    open.paint();
+}
 
 void setHighlighting(bool on)
 {
@@ -89,13 +66,13 @@ void measure(const QTemporaryDir &folder, int lines)
     printRow(QStringLiteral("load highlighted, against plain"), leastCpu(3, load, close), plain, milliseconds);
 
     const int middle = open->page().textDocument()->characterCount() / 2;
-    printRow(QStringLiteral("key in the middle, painted"), leastCpu(20, [&] { open->insert(middle, "x"); }),
+    printRow(QStringLiteral("key in the middle, painted"), leastCpu(20, [&] { insert(*open, middle, "x"); }),
              milliseconds);
     printRow(QStringLiteral("settings applied again"), leastCpu(5, [&] { open->page().highlightSyntax(true); }),
              milliseconds);
     printRow(QStringLiteral("comment opened at the top, per 10,000 lines"),
              leastCpu(
-                 3, [&] { open->insert(0, "/*"); }, [&] { open->insert(0, "*/"); }) *
+                 3, [&] { insert(*open, 0, "/*"); }, [&] { insert(*open, 0, "*/"); }) *
                  10000 / lines,
              milliseconds);
     printRow(QStringLiteral("switched off and on"),

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How fast long texts load, scroll and take changes, and what memory they need, against bare Qt classes.
 #include "documents/documentitem.h"
-#include "documents/page.h"
-#include "documents/pageview.h"
 #include "measure.h"
+#include "openpage.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
@@ -43,30 +42,19 @@ QString writtenFile(const QTemporaryDir &folder, int lines)
     return file.fileName();
 }
 
-/// A page in a view, as in a tab of the window.
-class OpenPage
+/// Where the changes are made.
+class EditedPage : public OpenPage
 {
 public:
-    explicit OpenPage(const QString &fileName) : m_page(nullptr), m_view(&m_page, nullptr)
-    {
-        m_page.setPageView(&m_view);
-        m_view.resize(1000, 800);
-        if (!m_page.loadFile(fileName))
-            qFatal("cannot load the sample file");
-        m_view.show();
-        m_page.focusDocument();
-        paint();
-    }
-
-    void paint() { QCoreApplication::processEvents(); }
+    using OpenPage::OpenPage;
 
     void moveCaretToMiddle()
     {
-        QGraphicsTextItem *item = m_page.documentItem()->textItem();
+        QGraphicsTextItem *item = page().documentItem()->textItem();
         QTextCursor cursor(item->document());
         cursor.setPosition(item->document()->characterCount() / 2);
         item->setTextCursor(cursor);
-        m_view.ensureVisible(
+        view()->ensureVisible(
             item->mapRectToScene(item->document()->documentLayout()->blockBoundingRect(cursor.block())));
         paint();
     }
@@ -74,15 +62,10 @@ public:
     void key(int key, const QString &text)
     {
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-        QCoreApplication::sendEvent(&m_view, &press);
+        QCoreApplication::sendEvent(view(), &press);
     }
 
-    void paste(const QString &text) { m_page.documentItem()->pasteText(text); }
-    PageView *view() { return &m_view; }
-
-private:
-    Page m_page;
-    PageView m_view;
+    void paste(const QString &text) { page().documentItem()->pasteText(text); }
 };
 
 /// Scrolls one page on and paints; false at the end.
@@ -120,17 +103,17 @@ void benchLoading(const QTemporaryDir &folder)
         const QString fileName = writtenFile(folder, lines);
         const QString text = source(lines);
         std::unique_ptr<QTextDocument> document;
-        std::unique_ptr<OpenPage> page;
+        std::unique_ptr<EditedPage> page;
         const double bare = leastCpu(
             5, [&] { document->setPlainText(text); }, [&] { document = std::make_unique<QTextDocument>(); });
         const double ours = leastCpu(
-            5, [&] { page = std::make_unique<OpenPage>(fileName); }, [&] { page.reset(); });
+            5, [&] { page = std::make_unique<EditedPage>(fileName); }, [&] { page.reset(); });
         printRow(QStringLiteral("%1 lines").arg(lines), ours, bare, milliseconds);
     }
 }
 
 /// The change alone, and the painting that follows.
-void printChange(const QString &what, OpenPage *page, const std::function<void()> &change, double reference)
+void printChange(const QString &what, EditedPage *page, const std::function<void()> &change, double reference)
 {
     constexpr int runs = 20;
     printRow(what, leastCpu(runs, change, [page] { page->paint(); }), reference, milliseconds);
@@ -145,7 +128,7 @@ void benchEditing(const QTemporaryDir &folder, int lines)
     printTitle(
         QStringLiteral("Changes in the middle of %1 lines; reference: QTextDocument with Qt's layout").arg(lines));
     const QString pasted = source(1'000);
-    OpenPage page(writtenFile(folder, lines));
+    EditedPage page(writtenFile(folder, lines));
     page.moveCaretToMiddle();
 
     QTextDocument document;
@@ -180,11 +163,11 @@ void benchLongLine(const QTemporaryDir &folder)
         qFatal("cannot write the sample file");
     file.close();
     std::unique_ptr<QTextDocument> document;
-    std::unique_ptr<OpenPage> page;
+    std::unique_ptr<EditedPage> page;
     const double bare = leastCpu(
         3, [&] { document->setPlainText(text); }, [&] { document = std::make_unique<QTextDocument>(); });
     const double ours = leastCpu(
-        3, [&] { page = std::make_unique<OpenPage>(file.fileName()); }, [&] { page.reset(); });
+        3, [&] { page = std::make_unique<EditedPage>(file.fileName()); }, [&] { page.reset(); });
     printRow(QStringLiteral("from file to first painting"), ours, bare, milliseconds);
     page->moveCaretToMiddle();
     const auto printBoth = [&page](const QString &what, int key, const QString &typed) {
@@ -204,7 +187,7 @@ void benchLongLine(const QTemporaryDir &folder)
 void benchScrolling(const QTemporaryDir &folder)
 {
     printTitle(QStringLiteral("Scrolling through 100000 lines in a view of 1000 x 800; reference: an empty scene"));
-    OpenPage page(writtenFile(folder, 100'000));
+    EditedPage page(writtenFile(folder, 100'000));
     QGraphicsScene scene;
     scene.setSceneRect(page.view()->sceneRect());
     QGraphicsView view(&scene);
@@ -227,7 +210,7 @@ void benchMemory(const QTemporaryDir &folder)
         document.setPlainText(source(100'000));
         const double bare = heapInUse() - before;
         before = heapInUse();
-        OpenPage page(fileName);
+        EditedPage page(fileName);
         printRow(QStringLiteral("loaded and painted"), heapInUse() - before, bare, megabytes);
         scrollingTime(page.view());
         printRow(QStringLiteral("scrolled through"), heapInUse() - before, bare, megabytes);

@@ -3,6 +3,7 @@
 
 #include <QGraphicsItem>
 #include <QPainter>
+#include <QSignalSpy>
 #include <QTest>
 #include <QUndoStack>
 
@@ -90,6 +91,22 @@ QImage GestureStage::picture(const QRectF &area)
     QPainter painter(&image);
     page.render(&painter, QRectF(QPointF(0, 0), area.size()), area);
     return image;
+}
+
+void verifyDroppedMarkIsWipedOff(Tool *tool, const QPointF &start)
+{
+    GestureStage stage;
+    stage.use(tool);
+    QSignalSpy changes(&stage.page, &QGraphicsScene::changed);
+    stage.press(start);
+    stage.move({300, 300});
+    stage.move(start);
+    QTRY_VERIFY(!changes.isEmpty());
+    changes.clear();
+    stage.release(start);
+    QVERIFY(stage.marks().isEmpty());
+    QTRY_VERIFY(!changes.isEmpty());
+    QCOMPARE(changes.constFirst().constFirst().value<QList<QRectF>>(), QList<QRectF>{stage.page.sceneRect()});
 }
 
 void addZooms()

@@ -48,5 +48,9 @@ private:
     QPoint toWindow(const QPointF &pos) const;
 };
 
+/// Drags @p tool from @p start out and back: too short in the end, the drag leaves no mark, and what it showed is
+/// painted over.
+void verifyDroppedMarkIsWipedOff(Tool *tool, const QPointF &start);
+
 /// Rows for the zooms at which gestures are tried.
 void addZooms();
