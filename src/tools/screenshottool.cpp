@@ -5,6 +5,8 @@
 #include "app/folders.h"
 #include "app/setting.h"
 #include "documents/page.h"
+#include "documents/warningbox.h"
+#include "persistence/paperfile.h"
 #include "persistence/privatefile.h"
 #include "tools/cursorpicture.h"
 #include "tools/snapshot.h"
@@ -14,6 +16,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QGraphicsSceneMouseEvent>
 #include <QImageWriter>
@@ -137,8 +140,12 @@ void ScreenShotTool::toMail(const Snapshot &snapshot) const
     const QString path =
         QDir::toNativeSeparators(dataFolder(QStringLiteral("temporary")) +
                                  (asPdf ? QStringLiteral("Annotated.pdf") : QStringLiteral("Annotated.png")));
-    if (makePrivate(path) && snapshot.saveAs(path, window()) && m_host)
+    if (!makePrivate(path) || !snapshot.saveAs(path, window())) {
+        QFile::remove(path); // what makePrivate() may have left of it
+        showWarning(window(), PaperFile::tr("I/O Error"), PaperFile::tr("Can't save file %1").arg(path));
+    } else if (m_host) {
         m_host->sendFileViaEmail(path);
+    }
 }
 
 void ScreenShotTool::abandonGesture()
@@ -146,9 +153,8 @@ void ScreenShotTool::abandonGesture()
     if (!m_dragging)
         return;
     m_dragging = false;
-    m_page = nullptr;
-    m_selection = QRectF();
     showInStatusBar(QString());
+    clear();
 }
 
 /// Leaves the tool if it is for one picture only, and takes the dragged area off the page.
@@ -156,6 +162,11 @@ void ScreenShotTool::finish()
 {
     if (m_useOnce && m_host)
         m_host->restorePreviousTool();
+    clear();
+}
+
+void ScreenShotTool::clear()
+{
     m_selection = QRectF();
     if (m_page)
         m_page->invalidate();
