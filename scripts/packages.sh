@@ -13,4 +13,4 @@ packages_run=(
 # A window without a screen: the server, the window manager, and what looks at it and closes it.
 packages_headless=(xvfb openbox xdotool wmctrl scrot)
 
-packages_test=("${packages_headless[@]}" ghostscript)
+packages_test=("${packages_headless[@]}" ghostscript cups-daemon)

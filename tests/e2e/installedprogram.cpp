@@ -35,6 +35,24 @@ void InstalledProgram::startTyping() const
     m_session.key(QStringLiteral("ctrl+Home"));
 }
 
+void InstalledProgram::choose(int menu, int fromEnd, int subEntry) const
+{
+    const auto press = [this](const char *key, int times) {
+        for (int i = 0; i < times; ++i)
+            m_session.key(QString::fromLatin1(key));
+    };
+    m_session.waitUntilQuiet();
+    m_session.clickIn(window(), {20, 10});
+    m_session.waitUntilQuiet();
+    // The other way round to the last ones: the menu of settings opens one of its own on the way.
+    press(menu <= 3 ? "Right" : "Left", menu <= 3 ? menu : 7 - menu);
+    press("Up", fromEnd);
+    if (subEntry > 0)
+        press("Right", 1);
+    press("Down", subEntry - 1);
+    press("Return", 1);
+}
+
 bool InstalledProgram::closeRegularly()
 {
     m_session.close(m_window);

@@ -17,6 +17,10 @@ public:
     QString window() const;
     /// Puts the caret at the start of the text: text mode, then a click on the first line.
     void startTyping() const;
+    /// Chooses an entry of the @p menu-th menu of the menu bar, counted from 0. Entries that are on offer are counted
+    /// from the end, from 1; 0 is the first one, except in the first menu. With @p subEntry above 0 it has a menu, of
+    /// which this entry, counted from 1, is chosen.
+    void choose(int menu, int fromEnd, int subEntry = 0) const;
     /// Closes the window as its close button does; true if the program then ended with exit code 0.
     bool closeRegularly();
 

@@ -85,6 +85,13 @@ void XSession::click(QPoint position, int button) const
                                      QString::number(position.y()), QStringLiteral("click"), QString::number(button)});
 }
 
+void XSession::clickIn(const QString &window, QPoint position) const
+{
+    tool(QStringLiteral("xdotool"),
+         {QStringLiteral("mousemove"), QStringLiteral("--window"), window, QString::number(position.x()),
+          QString::number(position.y()), QStringLiteral("click"), QStringLiteral("1")});
+}
+
 void XSession::drag(const QList<QPoint> &path) const
 {
     QStringList arguments;

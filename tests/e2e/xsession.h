@@ -29,6 +29,8 @@ public:
     /// Types a text into the window that has the focus.
     void type(const QString &text) const;
     void click(QPoint position, int button = 1) const;
+    /// The same at a position in the window's contents.
+    void clickIn(const QString &window, QPoint position) const;
     /// Presses the left button at the first point, moves through the others, releases at the last.
     void drag(const QList<QPoint> &path) const;
 
