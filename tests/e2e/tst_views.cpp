@@ -2,11 +2,12 @@
 #include "e2e/installedprogram.h"
 #include "support/testmain.h"
 
+#include <QFile>
 #include <QTest>
 
 namespace {
 
-enum Menu { Edit = 1, Settings = 3, View = 4, Extras = 5 };
+enum Menu { Edit = 1, Settings = 3, View = 4, Extras = 5, Help = 6 };
 
 const QString floatingBar = QStringLiteral("^Kestrin 7$");
 
@@ -183,9 +184,17 @@ void TestViews::languageOfTheSystem()
     for (const auto &[locale, title] : {std::pair("pl_PL", "Otwórz plik"), std::pair("de_DE", "Open File")}) {
         InstalledProgram program(m_session);
         program.setEnvironment(QStringLiteral("LC_ALL"), QString::fromLatin1(locale) + ".UTF-8");
+        const QString browser = program.writeDocument(
+            QStringLiteral("xdg-open"), "#!/bin/sh\nprintf %s \"$1\" > \"$0.part\"\nmv \"$0.part\" \"$0.url\"\n");
+        QFile::setPermissions(browser, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        program.setEnvironment(QStringLiteral("PATH"), program.document({}) + ':' + qEnvironmentVariable("PATH"));
         QVERIFY(!program.start().isEmpty());
         program.choose(Settings, 1, systemDefault);
         QCOMPARE(openDialogTitle(), QString::fromUtf8(title));
+        // The maker's page is the English one: it is asked for the bare language.
+        program.choose(Help, 2);
+        QTRY_COMPARE(InstalledProgram::read(browser + ".url"),
+                     QByteArray("https://www.moorfield.example/en/index.html"));
         QVERIFY(program.closeRegularly());
         QCOMPARE(program.setting(QStringLiteral("Other/AppLanguage")).toString(), QString::fromLatin1(locale));
     }
