@@ -714,7 +714,7 @@ void TestTextLayout::layoutsAreReleasedAlsoAfterLinesMoved()
         else
             cursor.deleteChar();
     }
-    QVERIFY(laidOutBlocks(document) > 500);
+    QVERIFY(laidOutBlocks(document) > 320);
     QAbstractTextDocumentLayout::PaintContext context;
     context.clip = QRectF(0, 0, 100, 100);
     painted(&document, context, context.clip);
