@@ -154,6 +154,14 @@ void Page::setModified(bool modified)
     m_documentItem->setModified(modified);
 }
 
+void Page::markModified()
+{
+    const bool isNews = !isModified();
+    setModified(true);
+    if (isNews)
+        refreshUi();
+}
+
 void Page::newDocument()
 {
     m_documentItem->newDocument();
@@ -206,6 +214,7 @@ bool Page::setImageContents(const QString &fileName, const QString &link)
 
 bool Page::saveDocument(const QString &fileName, bool keepState)
 {
+    m_wantsOtherName = false;
     QString target = fileName;
     if (target.isEmpty() && !chooseTarget(&target))
         return false;
@@ -218,7 +227,7 @@ bool Page::saveDocument(const QString &fileName, bool keepState)
     return true;
 }
 
-bool Page::chooseTarget(QString *target) const
+bool Page::chooseTarget(QString *target)
 {
     *target = m_fileName;
     if (!hasAnnotations() || DocumentName::isAnnotatedFile(*target))
@@ -232,7 +241,13 @@ bool Page::chooseTarget(QString *target) const
     if (answer != QMessageBox::Yes)
         return false;
     *target = annotatedFileFor(*target);
-    return mayReplace(*target);
+    m_wantsOtherName = !mayReplace(*target);
+    return !m_wantsOtherName;
+}
+
+bool Page::wantsOtherName() const
+{
+    return m_wantsOtherName;
 }
 
 bool Page::mayReplace(const QString &path) const

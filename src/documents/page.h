@@ -62,6 +62,8 @@ public:
 
     bool isModified() const;
     void setModified(bool modified);
+    /// Sets the page modified because of what the user is doing to it, and if that is news, tells the window.
+    void markModified();
 
     void newDocument();
     /// Fills the page from a file of any format. False, after a message, when the file could not be read.
@@ -75,6 +77,9 @@ public:
     /// should become an annotated file. @p keepState leaves name, title and modified state alone.
     /// False when the user cancelled or, after a message, when the file could not be written.
     bool saveDocument(const QString &fileName, bool keepState);
+
+    /// Whether the last save came to nothing because the user did not want another file replaced.
+    bool wantsOtherName() const;
 
     /// Whether a save may put a file at @p path: true if there is none, if it is this document's own, or if the user
     /// says so. Asks only where no save dialog has asked.
@@ -153,16 +158,20 @@ protected:
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
     void drawForeground(QPainter *painter, const QRectF &rect) override;
+    /// Text that an input method brings, and what is dropped, is a change of the document like what is typed.
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void dropEvent(QGraphicsSceneDragDropEvent *event) override;
 
 private:
     int mode() const;
     Tool *currentTool() const;
     bool isEditableText() const;
     void moveInTransformMode(QGraphicsSceneMouseEvent *event);
+    void moveGrabbedItem(QGraphicsSceneMouseEvent *event);
     void finishGesture(QGraphicsSceneMouseEvent *event);
     void rememberMouse(const QPointF &scenePos);
     QList<Annotation *> selectedAnnotations() const;
-    bool chooseTarget(QString *target) const;
+    bool chooseTarget(QString *target);
     void setSaved(const QString &target);
     QString syntaxFile() const;
     void createHighlighter(const QString &syntaxFile);
@@ -178,6 +187,7 @@ private:
     QString m_imageLink;
     TextFormat m_textFormat;
     bool m_modified = false;
+    bool m_wantsOtherName = false;
     QTextCursor m_searchCursor;
     QPointF m_lastMouse;
     bool m_annotationsVisible = true;

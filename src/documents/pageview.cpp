@@ -40,7 +40,7 @@ bool PageView::event(QEvent *event)
     if (event->type() == QEvent::KeyPress) {
         auto *keyEvent = static_cast<QKeyEvent *>(event);
         if (m_page && !keyEvent->text().isEmpty())
-            m_page->setModified(true);
+            m_page->markModified();
         if (keyEvent->key() == Qt::Key_Tab && m_page) {
             m_page->insertTab();
             keyEvent->accept();

@@ -129,12 +129,15 @@ void Scrivara::centreOnScreen()
         move(x, y);
 }
 
+/// Names may be relative. As they would be shown and stored, they must not be: the next run starts elsewhere, and a
+/// file opened by its full name must be found to be open.
 void Scrivara::openListedFiles(const QStringList &files)
 {
     for (qsizetype i = 0; i < files.size(); ++i) {
         (logInfo << "Input file [" << static_cast<double>(i) << "]: " << files.at(i).toLatin1().constData()).eol(0);
-        if (!activateDocument(files.at(i)))
-            openDocument(files.at(i));
+        const QString path = QDir::cleanPath(QFileInfo(files.at(i)).absoluteFilePath());
+        if (!activateDocument(path))
+            openDocument(path);
     }
     if (!files.isEmpty())
         updateCurrentState();

@@ -2,8 +2,8 @@
 #include "mainwindow/scrivara.h"
 
 #include "annotations/annotation.h"
+#include "app/clipboardtext.h"
 #include "app/eventlog.h"
-#include "documents/clipboardtext.h"
 #include "documents/page.h"
 #include "documents/pageview.h"
 #include "mainwindow/actiontables.h"
@@ -116,8 +116,8 @@ void Scrivara::createActions()
     for (QMenu *Form::*menu : menusThatUpdate)
         connect(this->*menu, &QMenu::aboutToShow, this, &Scrivara::updateMenus);
     connect(menuShowToolBars, &QMenu::aboutToShow, this, &Scrivara::updateMenuToolBars);
-    setupShortcuts();
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this, [this] { m_clipboardHasText.reset(); });
+    setupShortcuts();
     TRACE_LEAVE_ON(logInfo);
 }
 

@@ -62,8 +62,12 @@ void Scrivara::showAboutBox()
 
 void Scrivara::currFileToPrinter(QPrinter *printer)
 {
-    if (Page *page = currentPage())
-        page->printPage(printer);
+    Page *page = currentPage();
+    if (page == nullptr)
+        return;
+    TRACE_ENTER;
+    page->printPage(printer);
+    TRACE_LEAVE;
 }
 
 void Scrivara::printFile()

@@ -130,6 +130,8 @@ void Scrivara::createSearchToolBar()
 
     m_searchBox = new QComboBox(m_searchToolBar);
     m_searchBox->setEditable(true);
+    // It would put an older search in the place of its first letters, and take "One" for "one".
+    m_searchBox->setCompleter(nullptr);
     m_searchBox->setMinimumWidth(200);
     connect(m_searchBox, &QComboBox::activated, this, &Scrivara::searchNext);
 
