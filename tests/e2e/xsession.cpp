@@ -132,8 +132,11 @@ void XSession::waitUntilQuiet() const
 QRect XSession::geometry(const QString &window) const
 {
     QHash<QString, int> values;
-    const QString text =
-        tool(QStringLiteral("xdotool"), {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), window});
+    // The position that comes with the size counts the frame twice.
+    const QString text = tool(QStringLiteral("xdotool"),
+                              {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), window,
+                               QStringLiteral("mousemove"), QStringLiteral("--window"), window, QStringLiteral("0"),
+                               QStringLiteral("0"), QStringLiteral("getmouselocation"), QStringLiteral("--shell")});
     for (const QString &line : text.split(QLatin1Char('\n')))
         values.insert(line.section(QLatin1Char('='), 0, 0), line.section(QLatin1Char('='), 1).toInt());
     return QRect(values.value(QStringLiteral("X")), values.value(QStringLiteral("Y")),

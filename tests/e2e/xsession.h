@@ -40,7 +40,7 @@ public:
     QString waitForWindow(const QString &pattern, WindowState state = Active, int milliseconds = 20000) const;
     /// Waits until the screen no longer changes, that is, until the program has painted what the user did last.
     void waitUntilQuiet() const;
-    /// Outer position of a window's contents and their size.
+    /// Where a window's contents are, without its frame. Leaves the mouse at their corner.
     QRect geometry(const QString &window) const;
     QString title(const QString &window) const;
     /// Asks the window to close as its close button does.
