@@ -75,8 +75,11 @@ class TestDrawing : public QObject
 
 private slots:
     void marksAreDrawnSavedAndShownAgain();
+    void boxInMidStrokeKeepsIt();
 
 private:
+    /// Where the mouse is to go for these places of the window.
+    QList<QPoint> onScreen(const QList<QPoint> &places) const;
     void setLook(const InstalledProgram &program) const;
     /// Opens the leftmost menu and goes on from there: "Right" to the next menu, with its first entry marked.
     void walkMenus(const QStringList &keys);
@@ -110,6 +113,14 @@ void TestDrawing::setLook(const InstalledProgram &program) const
     program.setSetting(QStringLiteral("TextBoxTool/DefaultFontSize"), 16);
 }
 
+QList<QPoint> TestDrawing::onScreen(const QList<QPoint> &places) const
+{
+    QList<QPoint> path;
+    for (const QPoint &place : places)
+        path.append(onScreen(place));
+    return path;
+}
+
 void TestDrawing::walkMenus(const QStringList &keys)
 {
     m_session.click(onScreen({15, 12}));
@@ -123,10 +134,7 @@ void TestDrawing::walkMenus(const QStringList &keys)
 void TestDrawing::drawAll()
 {
     m_session.key(QStringLiteral("alt+p"));
-    QList<QPoint> path;
-    for (const QPoint &place : wave)
-        path.append(onScreen(place));
-    m_session.drag(path);
+    m_session.drag(onScreen(wave));
     m_session.key(QStringLiteral("alt+r"));
     m_session.drag({onScreen(boxEnd), onScreen(boxStart + QPoint(30, 30)), onScreen(boxStart)});
     walkMenus({"Right", "Right", "Down", "Down", "Down", "Right", "Return"});
@@ -257,6 +265,45 @@ void TestDrawing::marksAreDrawnSavedAndShownAgain()
     const QImage reopened = quietPage();
     QCOMPARE(reopened.size(), drawn.size());
     QCOMPARE(differingPixels(reopened, drawn), 0);
+    QVERIFY(program.closeRegularly());
+}
+
+void TestDrawing::boxInMidStrokeKeepsIt()
+{
+    InstalledProgram program(m_session);
+    setLook(program);
+    const QString path = program.writeDocument(QStringLiteral("held.cpp"), source);
+    const QString annotated = program.document(QStringLiteral("held.oxn"));
+    QVERIFY(!program.start({path}).isEmpty());
+    m_session.waitUntilQuiet();
+    m_corner = m_session.geometry(program.window()).topLeft();
+    m_session.key(QStringLiteral("alt+r"));
+    m_session.drag(onScreen({boxStart, boxEnd}));
+    m_session.key(QStringLiteral("alt+p"));
+    m_session.hold(onScreen(wave));
+    m_session.keyWhileHeld(QStringLiteral("ctrl+s"));
+    QVERIFY(!m_session.waitForWindow(QStringLiteral("^Kestrin 7$")).isEmpty());
+    m_session.letGo();
+    m_session.key(QStringLiteral("alt+y"));
+    QTRY_VERIFY(m_session.title(program.window()).contains(annotated));
+
+    QDomDocument file;
+    QVERIFY(file.setContent(InstalledProgram::read(annotated)));
+    QList<QDomElement> elements = elementsIn(file.documentElement());
+    QCOMPARE(elements.size(), 3);
+    const QDomElement stroke = elements.at(2);
+    QCOMPARE(stroke.tagName(), QStringLiteral("pen_line"));
+    verifyStroke(stroke, QPointF(wave.first()) - position(stroke));
+
+    // The mouse moves on without drawing; the next press does.
+    m_session.click(onScreen(freePlace), 2);
+    m_session.drag(onScreen({lineStart, lineStart + QPoint(30, 5), lineEnd, lineEnd + QPoint(10, 0)}));
+    m_session.key(QStringLiteral("ctrl+s"));
+    QTRY_COMPARE(InstalledProgram::read(annotated).count("<pen_line "), 2);
+    QVERIFY(file.setContent(InstalledProgram::read(annotated)));
+    elements = elementsIn(file.documentElement());
+    QCOMPARE(position(elements.at(3)) - position(stroke), QPointF(lineStart - wave.first()));
+    QCOMPARE(elementsIn(elements.at(2)).size(), elementsIn(stroke).size());
     QVERIFY(program.closeRegularly());
 }
 

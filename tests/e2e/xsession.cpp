@@ -85,7 +85,7 @@ void XSession::click(QPoint position, int button) const
                                      QString::number(position.y()), QStringLiteral("click"), QString::number(button)});
 }
 
-void XSession::drag(const QList<QPoint> &path) const
+void XSession::hold(const QList<QPoint> &path) const
 {
     QStringList arguments;
     for (qsizetype i = 0; i < path.size(); ++i) {
@@ -94,8 +94,23 @@ void XSession::drag(const QList<QPoint> &path) const
             arguments << QStringLiteral("mousedown") << QStringLiteral("1");
         arguments << QStringLiteral("sleep") << QStringLiteral("0.03");
     }
-    arguments << QStringLiteral("mouseup") << QStringLiteral("1");
     tool(QStringLiteral("xdotool"), arguments);
+}
+
+void XSession::letGo() const
+{
+    tool(QStringLiteral("xdotool"), {QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
+void XSession::drag(const QList<QPoint> &path) const
+{
+    hold(path);
+    letGo();
+}
+
+void XSession::keyWhileHeld(const QString &chord) const
+{
+    tool(QStringLiteral("xdotool"), {QStringLiteral("key"), chord});
 }
 
 QStringList XSession::windows(const QString &pattern) const

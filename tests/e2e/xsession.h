@@ -31,6 +31,11 @@ public:
     void click(QPoint position, int button = 1) const;
     /// Presses the left button at the first point, moves through the others, releases at the last.
     void drag(const QList<QPoint> &path) const;
+    /// The same in two parts. Keys between them are to be pressed with keyWhileHeld().
+    void hold(const QList<QPoint> &path) const;
+    void letGo() const;
+    /// A chord that leaves the mouse buttons alone, which key() lets go of for as long as it takes.
+    void keyWhileHeld(const QString &chord) const;
 
     /// Visible windows whose title matches @p pattern (a regular expression), as xdotool's ids.
     QStringList windows(const QString &pattern) const;
