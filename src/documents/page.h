@@ -8,6 +8,8 @@
 #include <QGraphicsScene>
 #include <QTextCursor>
 
+#include <optional>
+
 class Annotation;
 class DocumentItem;
 class PageView;
@@ -141,6 +143,10 @@ public:
     double lastMouseY() const;
     double marginX() const;
     double marginY() const;
+    /// Ends what the left button is doing when its release will go elsewhere, to a box or a menu that comes up. A mark
+    /// under construction is finished as far as the mouse has come, a dragged one stays there; an eraser or a snapshot,
+    /// which act on the release, do not. Does nothing while the button is up.
+    void endGesture();
     /// Lets the window set anew what is enabled.
     void refreshUi();
 
@@ -190,6 +196,7 @@ private:
     bool m_wantsOtherName = false;
     QTextCursor m_searchCursor;
     QPointF m_lastMouse;
+    std::optional<QPointF> m_pressPoint; ///< Where the left button went down, until it comes up; on the scene.
     bool m_annotationsVisible = true;
     DocumentKind m_kind = NoDocument;
     QRectF m_savedSize;

@@ -41,6 +41,7 @@ void Page::mousePressEvent(QGraphicsSceneMouseEvent *event)
     rememberMouse(event->scenePos());
     if (event->button() != Qt::LeftButton)
         return;
+    m_pressPoint = event->scenePos();
     const int mode = this->mode();
     m_documentItem->setTextEditable(false);
     QGraphicsTextItem *textItem = m_documentItem->textItem();
@@ -122,6 +123,7 @@ void Page::dropEvent(QGraphicsSceneDragDropEvent *event)
 
 void Page::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
+    m_pressPoint.reset();
     switch (mode()) {
     case TextMode:
     case TransformMode:
@@ -149,6 +151,21 @@ void Page::finishGesture(QGraphicsSceneMouseEvent *event)
         return;
     if (auto *item = dynamic_cast<QGraphicsItem *>(drawingTool->takeAnnotation()))
         addAnnotation(item);
+}
+
+void Page::endGesture()
+{
+    if (!m_pressPoint)
+        return;
+    Tool *tool = currentTool();
+    if (tool && !dynamic_cast<DrawingTool *>(tool))
+        tool->abandonGesture();
+    QGraphicsSceneMouseEvent release(QEvent::GraphicsSceneMouseRelease);
+    release.setButton(Qt::LeftButton);
+    release.setButtonDownScenePos(Qt::LeftButton, *m_pressPoint);
+    release.setScenePos(m_lastMouse);
+    release.setLastScenePos(m_lastMouse);
+    mouseReleaseEvent(&release);
 }
 
 void Page::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)

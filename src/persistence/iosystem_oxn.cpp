@@ -52,8 +52,13 @@ bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, 
     page->setSavedSize(QRectF(QPointF(0, 0), contents.size));
     page->setDocumentFont(QFont(contents.fontFamily, contents.fontSize));
     (logTrace << " total # of elements: " << contents.nodeCount).eol(0);
+    // Nodes that mean nothing are progress too.
+    auto pass = [&, node = 0](int end) mutable {
+        for (; node < end; ++node)
+            progress.show(int(float(node) / float(contents.nodeCount) * 100.0));
+    };
     for (OxnContents::Part &part : contents.parts) {
-        progress.show(int(float(part.index) / float(contents.nodeCount) * 100.0));
+        pass(part.index + 1);
         switch (part.kind) {
         case OxnContents::Text: {
             // Nothing ends the last line, so that a line feed at the text's end starts one more.
@@ -76,6 +81,7 @@ bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, 
             break;
         }
     }
+    pass(contents.nodeCount);
     return true;
 }
 

@@ -70,19 +70,28 @@ void OxnReader::visitRoot(const ElementReader &root)
     m_contents.fontSize = root.integer(XmlNames::fontSize, 10);
 }
 
-void OxnReader::visitElement(ElementReader &element, int index)
+bool OxnReader::visitElement(ElementReader &element, int index)
 {
+    // Each is shown when its turn comes, which costs a picture's decoding, a box about a missing one, or a walk over
+    // all marks. No file of ours has more than two.
+    constexpr int mostDocuments = 16;
     if (!m_contents.isOxn)
-        return;
+        return true;
     if (element.tag() == XmlNames::textContents) {
-        m_contents.parts.push_back({OxnContents::Text, index, element.readText(), nullptr});
+        takeDocument(OxnContents::Text, index, element.readText());
     } else if (element.tag() == XmlNames::imageContents) {
-        const QString link = element.string(XmlNames::imageLink, QLatin1String("[NULL]"));
-        m_contents.parts.push_back({OxnContents::Image, index, link, nullptr});
+        takeDocument(OxnContents::Image, index, element.string(XmlNames::imageLink, QLatin1String("[NULL]")));
     } else if (auto mark = makeMarkFor(element.tag())) {
         mark->read(element);
         m_contents.parts.push_back({OxnContents::Mark, index, QString(), std::move(mark)});
     }
+    return m_documents <= mostDocuments;
+}
+
+void OxnReader::takeDocument(OxnContents::Kind kind, int index, const QString &text)
+{
+    ++m_documents;
+    m_contents.parts.push_back({kind, index, text, nullptr});
 }
 
 void OxnReader::visitEnd(int count)

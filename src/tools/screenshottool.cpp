@@ -146,9 +146,8 @@ void ScreenShotTool::abandonGesture()
     if (!m_dragging)
         return;
     m_dragging = false;
-    m_page = nullptr;
-    m_selection = QRectF();
     showInStatusBar(QString());
+    clearSelection();
 }
 
 /// Leaves the tool if it is for one picture only, and takes the dragged area off the page.
@@ -156,6 +155,11 @@ void ScreenShotTool::finish()
 {
     if (m_useOnce && m_host)
         m_host->restorePreviousTool();
+    clearSelection();
+}
+
+void ScreenShotTool::clearSelection()
+{
     m_selection = QRectF();
     if (m_page)
         m_page->invalidate();

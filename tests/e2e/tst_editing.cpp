@@ -73,6 +73,5 @@ void TestEditing::closingAsksAboutAModifiedDocument()
     QCOMPARE(InstalledProgram::read(path), QByteArray("xas it was\nand stays\nfor long"));
 }
 
-/// With all bars hidden no shortcut works but F10, which goes on to full screen and from there back to all bars.
 REGISTER_TEST(TestEditing)
 #include "tst_editing.moc"

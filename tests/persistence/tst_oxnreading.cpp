@@ -60,6 +60,8 @@ private slots:
     void pictureWithoutLink_data();
     void pictureWithoutLink();
     void missingPictureKeepsLinkAndMarks();
+    void textAndPictureAreKept_data();
+    void textAndPictureAreKept();
     void lastTextCounts();
     void marksOfAllKinds_data();
     void marksOfAllKinds();
@@ -288,6 +290,40 @@ void TestOxnReading::missingPictureKeepsLinkAndMarks()
     QCOMPARE(m_files->saved(second), once);
 }
 
+void TestOxnReading::textAndPictureAreKept_data()
+{
+    QTest::addColumn<bool>("textFirst");
+    QTest::addColumn<bool>("pictureIsThere");
+    QTest::addColumn<int>("kind");
+    QTest::newRow("text, picture") << true << true << int(Page::ImageDocument);
+    QTest::newRow("text, missing picture") << true << false << int(Page::TextDocument);
+    QTest::newRow("picture, text") << false << true << int(Page::TextDocument);
+    QTest::newRow("missing picture, text") << false << false << int(Page::TextDocument);
+}
+
+void TestOxnReading::textAndPictureAreKept()
+{
+    QFETCH(const bool, textFirst);
+    QFETCH(const bool, pictureIsThere);
+    QFETCH(const int, kind);
+    const QString link = m_files->path("p.png");
+    if (pictureIsThere)
+        QPixmap(40, 30).save(link);
+    const QByteArray picture = "<img_contents img_file_link=\"" + link.toUtf8() + "\"/>";
+    QVERIFY(loadInside((textFirst ? textElement + picture : picture + textElement) + "<pen_line/>"));
+    QCOMPARE(m_boxes.size(), pictureIsThere ? 0 : 1);
+    QCOMPARE(int(m_page->documentKind()), kind);
+    const QByteArray saved = m_files->saved(*m_page);
+    QVERIFY2(saved.contains(picture) && saved.contains(textElement), saved);
+    m_page = std::make_unique<Page>(m_host.get());
+    QVERIFY(load(saved));
+    QCOMPARE(m_boxes.size(), pictureIsThere ? 0 : 1);
+    QCOMPARE(int(m_page->documentKind()), kind);
+    QCOMPARE(m_page->imageLink(), link);
+    QCOMPARE(m_page->plainText(), QStringLiteral("one\ntwo"));
+    QCOMPARE(m_files->saved(*m_page), saved);
+}
+
 void TestOxnReading::lastTextCounts()
 {
     QVERIFY(loadInside(textElement + "<text_contents>plain &lt;text&gt;</text_contents>"));
@@ -457,7 +493,7 @@ void TestOxnReading::progressIsShown()
     QVERIFY(load("<Zettelwerk-xml zettel_werk_type='x'><!-- -->\n<?a?><later/>" + textElement +
                  "<pen_line/><pen_line/><pen_line/>x<pen_line/></Zettelwerk-xml>"));
     // Nine nodes, white space aside.
-    QCOMPARE(values, (QList<int>{33, 44, 55, 66, 88, 100}));
+    QCOMPARE(values, (QList<int>{0, 11, 22, 33, 44, 55, 66, 77, 88, 100}));
     QVERIFY(!loadInside("<pen_line"));
     QVERIFY(m_host->bar->value() < m_host->bar->minimum());
 }

@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
@@ -356,10 +357,14 @@ void TestScreenShotTool::releaseWithoutAPress()
 void TestScreenShotTool::abandonedDrag()
 {
     SnapshotStage snap;
+    QSignalSpy repaints(&snap.stage.page, &QGraphicsScene::changed);
     snap.stage.press(corner);
     snap.stage.move(corner + QPointF(80, 60));
+    QTRY_VERIFY(!repaints.isEmpty());
+    repaints.clear();
     snap.tool.abandonGesture();
     QVERIFY(!snap.overlayIsShown());
+    QTRY_VERIFY2(!repaints.isEmpty(), "what was shown of the area is painted over");
     QCOMPARE(snap.host.label->text(), QString());
     snap.stage.release(corner + QPointF(80, 60));
     QVERIFY(SnapshotStage::clipboard().isNull());
