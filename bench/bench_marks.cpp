@@ -52,6 +52,7 @@ public:
     bool isFullScreen() const override { return false; }
     void toggleFullScreen() override {}
     void registerActiveElement(ActiveElement * /*element*/, Page * /*page*/) override {}
+    bool editActiveElement(ActiveElement * /*element*/, Qt::WindowFlags /*flags*/) override { return false; }
 
     int currentMode = TransformMode;
     Tool *tool = nullptr;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/page.h"
 
-#include "annotations/annotation.h"
+#include "annotations/activeelement.h"
 #include "app/eventlog.h"
 #include "app/folders.h"
 #include "app/setting.h"
@@ -272,6 +272,21 @@ void Page::addAnnotation(QGraphicsItem *item)
 {
     m_undoStack->push(new AddAnnotationCommand(this, item, nullptr));
     setModified(true);
+}
+
+void Page::addActiveElement(ActiveElement *element)
+{
+    addAnnotation(element);
+    if (DocumentHost *host = m_host.get())
+        host->registerActiveElement(element, this);
+}
+
+void Page::editActiveElement(ActiveElement *element, Qt::WindowFlags flags)
+{
+    const QPointer<Page> self(this);
+    DocumentHost *host = m_host.get();
+    if (host && host->editActiveElement(element, flags) && self)
+        setModified(true);
 }
 
 bool Page::containsItem(QGraphicsItem *item) const

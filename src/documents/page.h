@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "annotations/tageditor.h"
 #include "documents/hostlink.h"
 #include "documents/markpointer.h"
 #include "documents/textformat.h"
@@ -10,6 +11,7 @@
 
 #include <optional>
 
+class ActiveElement;
 class Annotation;
 class DocumentItem;
 class PageView;
@@ -25,7 +27,7 @@ class Tool;
 /// Scene coordinates are pixels at 100 % zoom with the document's corner at the origin. A page keeps no list of its
 /// marks: the scene's items that cast to Annotation are the marks. Mouse events are read by the host's mode(), anew
 /// each time; without a host every page is in TextMode.
-class Page : public QGraphicsScene
+class Page : public QGraphicsScene, public TagEditor
 {
     Q_OBJECT
 
@@ -89,6 +91,11 @@ public:
 
     /// Puts a new mark on the page as an undoable step. The page's undo stack shares in it from now on.
     void addAnnotation(QGraphicsItem *item);
+    /// The same for a tag, which also joins the window's list of tags.
+    void addActiveElement(ActiveElement *element);
+    /// Opens the window's dialog on a tag; one that the user accepts makes the document modified. Without a window
+    /// nothing happens.
+    void editActiveElement(ActiveElement *element, Qt::WindowFlags flags) override;
     bool containsItem(QGraphicsItem *item) const;
     /// Hidden marks count too. Takes no longer on pages with many marks.
     bool hasAnnotations() const;

@@ -7,6 +7,7 @@
 #include "persistence/paperfile.h"
 #include "tools/toolhost.h"
 #include "ui_mainwindow.h"
+#include "widgets/taghost.h"
 #include "widgets/viewhost.h"
 
 #include <QColor>
@@ -21,6 +22,8 @@
 #include <span>
 
 class AboutDialog;
+class ActiveElementDialog;
+class ActiveElementsList;
 class BracketTool;
 class DrawingTool;
 class EraserTool;
@@ -52,7 +55,12 @@ struct WindowLayout;
 ///
 /// Widgets and actions belong to the window through Qt's parents. The tools outlive it: they go with the
 /// application object.
-class Scrivara : public QMainWindow, private Ui::MainWindow, public DocumentHost, public ToolHost, public ViewHost
+class Scrivara : public QMainWindow,
+                 private Ui::MainWindow,
+                 public DocumentHost,
+                 public ToolHost,
+                 public ViewHost,
+                 public TagHost
 {
     Q_OBJECT
 
@@ -73,7 +81,7 @@ public:
     /// Null until the first document is opened or made.
     PageStack *pageStack() const;
     /// The document in front, or null.
-    Page *currentPage() const;
+    Page *currentPage() const override;
 
     void toggleFullScreen() override;
     /// Full screen as the program means it: all bars are hidden. Hides QWidget's notion of the window's state.
@@ -94,7 +102,8 @@ public:
     void clearAnnotationClipboard() override;
     void addToAnnotationClipboard(Annotation *annotation) override;
     void registerActiveElement(ActiveElement *element, Page *page) override;
-    void focusActiveElement(Annotation *element, Page *page);
+    bool editActiveElement(ActiveElement *element, Qt::WindowFlags flags) override;
+    void focusActiveElement(Annotation *element, Page *page) override;
     /// The command of the system's mail client, which is stored in the settings; "(empty)" if it has none.
     QString detectMailClient();
 
@@ -270,7 +279,9 @@ private:
     QToolButton *m_lockButton = nullptr;
     QToolButton *m_syntaxButton = nullptr; ///< Source of truth for highlighting during the run.
 
-    AboutDialog *m_aboutDialog = nullptr; ///< Made on first use.
+    AboutDialog *m_aboutDialog = nullptr;                 ///< Made on first use.
+    ActiveElementDialog *m_activeElementDialog = nullptr; ///< For new tags.
+    ActiveElementsList *m_activeElementsList = nullptr;
     FullscreenDialog *m_fullscreenDialog = nullptr;
     ViewModeDialog *m_viewModeDialog = nullptr;
     QtToolBarManager *m_toolBarManager = nullptr; ///< Knows the four bars that the user may rearrange.

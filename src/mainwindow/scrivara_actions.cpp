@@ -8,6 +8,7 @@
 #include "documents/pageview.h"
 #include "mainwindow/actiontables.h"
 #include "mainwindow/zoomsteps.h"
+#include "widgets/activeelementslist.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -270,6 +271,7 @@ void Scrivara::updatePageActions()
         (this->*menu)->setEnabled(hasPage);
     actionSave->setEnabled(hasPage && page->isModified());
     actionRemoveAllAnnotations->setEnabled(hasPage && page->hasAnnotations());
+    actionShowActiveElementsList->setChecked(m_activeElementsList->isVisible());
 }
 
 void Scrivara::updateEditActions()

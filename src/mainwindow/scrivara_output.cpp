@@ -199,11 +199,3 @@ QString Scrivara::detectMailClient()
 void Scrivara::showConfigDialog(int /*tabNum*/) {}
 
 void Scrivara::showStatistics() {}
-
-void Scrivara::showActiveElementsList(bool /*show*/) {}
-
-void Scrivara::addActiveElement(int /*id*/) {}
-
-void Scrivara::registerActiveElement(ActiveElement * /*element*/, Page * /*page*/) {}
-
-void Scrivara::focusActiveElement(Annotation * /*element*/, Page * /*page*/) {}

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Annotated files.
+#include "annotations/activeelement.h"
 #include "app/eventlog.h"
 #include "documents/linenumbers.h"
 #include "documents/page.h"
@@ -15,6 +16,19 @@
 #include <QFileInfo>
 #include <QFont>
 #include <QGraphicsItem>
+
+namespace {
+
+/// The page takes the mark. A tag comes as if the user had added it, undoably; all others have always been there.
+void addMark(Page *page, Annotation *mark)
+{
+    if (auto *tag = dynamic_cast<ActiveElement *>(mark))
+        page->addActiveElement(tag);
+    else
+        page->putOnScene(dynamic_cast<QGraphicsItem *>(mark));
+}
+
+} // namespace
 
 bool IoSystem::loadOxn(Page *page, const QString &fileName)
 {
@@ -77,7 +91,7 @@ bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, 
             page->setImageContents(fileName, part.text);
             break;
         case OxnContents::Mark:
-            page->putOnScene(dynamic_cast<QGraphicsItem *>(part.mark.release()));
+            addMark(page, part.mark.release());
             break;
         }
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "persistence/oxnreader.h"
 
+#include "annotations/activeelement.h"
 #include "annotations/bracketann.h"
 #include "annotations/elementreader.h"
 #include "annotations/ellipseann.h"
@@ -9,7 +10,6 @@
 #include "annotations/markitem.h"
 #include "annotations/penline.h"
 #include "annotations/rectangleann.h"
-#include "annotations/storedtag.h"
 #include "annotations/textboxann.h"
 #include "annotations/xmlnames.h"
 
@@ -35,6 +35,15 @@ std::unique_ptr<Annotation> makeTextBox()
     return box;
 }
 
+/// The same, and give the focus.
+std::unique_ptr<Annotation> makeTag()
+{
+    auto tag = std::make_unique<ActiveElement>();
+    MarkItem::makeHandy(*tag);
+    tag->setFlag(QGraphicsItem::ItemIsFocusable);
+    return tag;
+}
+
 struct MarkElement
 {
     QLatin1String tag;
@@ -46,7 +55,7 @@ constexpr std::array markElements{
     MarkElement{XmlNames::penLine, makeMark<PenLine>},    MarkElement{XmlNames::markerLine, makeMark<MarkerLine>},
     MarkElement{XmlNames::bracket, makeMark<BracketAnn>}, MarkElement{XmlNames::line, makeMark<LineAnn>},
     MarkElement{XmlNames::ellipse, makeMark<EllipseAnn>}, MarkElement{XmlNames::rectangle, makeMark<RectangleAnn>},
-    MarkElement{XmlNames::textBox, makeTextBox},          MarkElement{XmlNames::activeTag, makeMark<StoredTag>},
+    MarkElement{XmlNames::textBox, makeTextBox},          MarkElement{XmlNames::activeTag, makeTag},
 };
 
 std::unique_ptr<Annotation> makeMarkFor(QStringView tag)
