@@ -22,6 +22,7 @@
 
 class AboutDialog;
 class BracketTool;
+class ConfigDialog;
 class DrawingTool;
 class EraserTool;
 class FullscreenDialog;
@@ -218,6 +219,7 @@ private:
     void applyDocumentColors(Page *page);
     void applyTabsPosition();
     void showTitle(const QString &name, bool modified);
+    void centreOnWindow(QDialog *dialog) const;
 
     void setEnabled(std::span<const ActionMember> actions, bool enabled);
     bool canCopy() const;
@@ -270,7 +272,8 @@ private:
     QToolButton *m_lockButton = nullptr;
     QToolButton *m_syntaxButton = nullptr; ///< Source of truth for highlighting during the run.
 
-    AboutDialog *m_aboutDialog = nullptr; ///< Made on first use.
+    AboutDialog *m_aboutDialog = nullptr;   ///< Made on first use.
+    ConfigDialog *m_configDialog = nullptr; ///< Made on first use.
     FullscreenDialog *m_fullscreenDialog = nullptr;
     ViewModeDialog *m_viewModeDialog = nullptr;
     QtToolBarManager *m_toolBarManager = nullptr; ///< Knows the four bars that the user may rearrange.

@@ -192,8 +192,6 @@ QString Scrivara::detectMailClient()
 
 // Commands whose action is on offer already but whose subsystem is not part of the program yet: they change nothing.
 
-void Scrivara::showConfigDialog(int /*tabNum*/) {}
-
 void Scrivara::showStatistics() {}
 
 void Scrivara::showActiveElementsList(bool /*show*/) {}
