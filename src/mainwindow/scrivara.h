@@ -25,6 +25,7 @@ class AboutDialog;
 class ActiveElementDialog;
 class ActiveElementsList;
 class BracketTool;
+class ConfigDialog;
 class DrawingTool;
 class EraserTool;
 class FullscreenDialog;
@@ -227,6 +228,7 @@ private:
     void applyDocumentColors(Page *page);
     void applyTabsPosition();
     void showTitle(const QString &name, bool modified);
+    void centreOnWindow(QDialog *dialog) const;
 
     void setEnabled(std::span<const ActionMember> actions, bool enabled);
     bool canCopy() const;
@@ -282,6 +284,7 @@ private:
     AboutDialog *m_aboutDialog = nullptr;                 ///< Made on first use.
     ActiveElementDialog *m_activeElementDialog = nullptr; ///< For new tags.
     ActiveElementsList *m_activeElementsList = nullptr;
+    ConfigDialog *m_configDialog = nullptr; ///< Made on first use.
     FullscreenDialog *m_fullscreenDialog = nullptr;
     ViewModeDialog *m_viewModeDialog = nullptr;
     QtToolBarManager *m_toolBarManager = nullptr; ///< Knows the four bars that the user may rearrange.

@@ -196,6 +196,4 @@ QString Scrivara::detectMailClient()
 
 // Commands whose action is on offer already but whose subsystem is not part of the program yet: they change nothing.
 
-void Scrivara::showConfigDialog(int /*tabNum*/) {}
-
 void Scrivara::showStatistics() {}

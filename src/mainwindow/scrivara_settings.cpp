@@ -3,6 +3,8 @@
 
 #include "app/eventlog.h"
 #include "app/setting.h"
+#include "documents/page.h"
+#include "settings/configdialog.h"
 #include "widgets/fullscreendialog.h"
 #include "widgets/qtcolorpicker.h"
 #include "widgets/qttoolbarmanager.h"
@@ -12,6 +14,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -119,4 +122,31 @@ void Scrivara::showWindow()
             part->windowHandle()->setTransientParent(windowHandle());
         part->show();
     }
+}
+
+void Scrivara::showConfigDialog(int tabNum)
+{
+    TRACE_ENTER;
+    (logTrace << "Show config dialog").eol(0);
+    if (m_configDialog == nullptr)
+        m_configDialog = new ConfigDialog(tabNum, this);
+    else
+        m_configDialog->selectPage(tabNum);
+    const Page *page = currentPage();
+    m_configDialog->setDocumentFont(page != nullptr ? std::optional(page->documentFont()) : std::nullopt);
+    centreOnWindow(m_configDialog);
+    if (m_configDialog->exec() == QDialog::Accepted) {
+        updateCurrentState();
+        const QFont font = m_configDialog->documentFont();
+        updateDocFont(font.family(), font.pointSize());
+    }
+    TRACE_LEAVE;
+}
+
+/// A dialog that is as wide or as high as the window stays where the system puts it.
+void Scrivara::centreOnWindow(QDialog *dialog) const
+{
+    const QPoint offset((geometry().width() - dialog->width()) / 2, (geometry().height() - dialog->height()) / 2);
+    if (offset.x() > 0 && offset.y() > 0)
+        dialog->move(pos() + offset);
 }

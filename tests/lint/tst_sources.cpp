@@ -21,7 +21,7 @@ const QHash<QString, QStringList> &allowedIncludes()
         {"documents", {"annotations", "syntax", "tools", "persistence"}},
         {"persistence", {"annotations", "documents"}},
         {"widgets", {"annotations", "documents"}},
-        {"settings", {"syntax", "widgets"}},
+        {"settings", {"persistence", "syntax", "widgets"}},
         {"statistics", {"documents", "widgets"}},
         {"mainwindow",
          {"annotations", "syntax", "tools", "documents", "persistence", "settings", "statistics", "widgets"}},

@@ -99,6 +99,9 @@ void DialogAnswers::poll()
     }
     m_waited = 0;
     m_answered.append(dialog);
+    // A dialog that is kept for later may come up again.
+    connect(
+        dialog, &QDialog::finished, this, [this, dialog] { m_answered.removeAll(dialog); }, Qt::SingleShotConnection);
     record(dialog);
     if (m_answers.isEmpty()) {
         qWarning("Nobody expected the window \"%s\": %s", qPrintable(m_seen.constLast().title),
