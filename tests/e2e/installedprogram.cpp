@@ -29,10 +29,15 @@ void InstalledProgram::startTyping() const
 {
     m_session.waitUntilQuiet();
     m_session.key(QStringLiteral("alt+t"));
-    // The text lies right under the tool bars, a little right of the line numbers.
-    m_session.click(m_session.geometry(window()).topLeft() + QPoint(120, 80));
-    m_session.waitUntilQuiet();
+    // The text lies right under the tool bars and beside its line numbers; clicks outside of it would leave it alone.
+    m_session.click(window(), QPoint(74, 75));
     m_session.key(QStringLiteral("ctrl+Home"));
+}
+
+void InstalledProgram::refreshMenus() const
+{
+    m_session.click(window(), QPoint(20, 9));
+    m_session.key(QStringLiteral("Escape"));
 }
 
 bool InstalledProgram::closeRegularly()

@@ -15,8 +15,11 @@ public:
     /// Waits for the main window of a run that was launched, with a document in it if @p withDocument.
     QString waitForMainWindow(bool withDocument);
     QString window() const;
-    /// Puts the caret at the start of the text: text mode, then a click on the first line.
+    /// Puts the caret at the start of the text: text mode, then a click on the first letter. In a picture it only
+    /// gives the page the keyboard.
     void startTyping() const;
+    /// Opens and leaves a menu, which brings up to date what is enabled.
+    void refreshMenus() const;
     /// Closes the window as its close button does; true if the program then ended with exit code 0.
     bool closeRegularly();
 

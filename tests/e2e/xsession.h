@@ -28,6 +28,9 @@ public:
     void key(const QString &chord) const;
     /// Types a text into the window that has the focus.
     void type(const QString &text) const;
+    /// Clicks at @p position inside the contents of @p window.
+    void click(const QString &window, QPoint position, int button = 1) const;
+    /// The same at a point of the screen.
     void click(QPoint position, int button = 1) const;
     /// Presses the left button at the first point, moves through the others, releases at the last.
     void drag(const QList<QPoint> &path) const;
