@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "syntax/characterset.h"
 
-namespace {
+#include "syntax/patternparts.h"
 
-/// The position behind the character class that starts at @p at, or behind the end of the pattern.
-qsizetype endOfClass(const QString &pattern, qsizetype at)
-{
-    at += 2; // the bracket, and a character that cannot close the class
-    while (at < pattern.size() && pattern.at(at) != ']')
-        at += pattern.at(at) == '\\' ? 2 : 1;
-    return at + 1;
-}
+namespace {
 
 /// The position behind the group that starts at @p at, or behind the end of the pattern.
 qsizetype endOfGroup(const QString &pattern, qsizetype at)
@@ -19,7 +12,7 @@ qsizetype endOfGroup(const QString &pattern, qsizetype at)
     do {
         const QChar c = pattern.at(at);
         depth += c == '(' ? 1 : c == ')' ? -1 : 0;
-        at = c == '[' ? endOfClass(pattern, at) : at + (c == '\\' ? 2 : 1);
+        at = c == '[' ? endOfSet(pattern, at) : at + (c == '\\' ? 2 : 1);
     } while (depth > 0 && at < pattern.size());
     return at;
 }
@@ -32,27 +25,18 @@ qsizetype endOfPart(const QString &pattern, qsizetype at)
     if (c == '(')
         return endOfGroup(pattern, at);
     if (c == '[')
-        return endOfClass(pattern, at);
+        return endOfSet(pattern, at);
     const qsizetype brace = c == '{' ? pattern.indexOf('}', at) : at;
     return brace < 0 ? pattern.size() : brace + (c == '\\' ? 2 : 1);
 }
 
-/// The character that the part stands for, or a null character.
-QChar literalOf(QStringView part)
-{
-    const bool escaped = part.size() == 2 && part.front() == '\\' && !part.back().isLetterOrNumber();
-    if (escaped)
-        return part.back();
-    return part.size() == 1 && !QStringLiteral(".^$*+?\\)").contains(part.front()) ? part.front() : QChar();
-}
-
 /// Whether the pattern has what is not looked through here: alternatives outside of groups, characters by their code,
-/// references to groups, brackets inside of classes that close none.
-bool isOpaque(const QString &pattern, QStringView part)
+/// references to groups.
+bool isOpaque(QStringView part)
 {
     const bool unknownEscape = part.size() == 2 && part.front() == '\\' && part.back().isLetterOrNumber() &&
                                !QStringLiteral("bBdDsSwW").contains(part.back());
-    return unknownEscape || part == u"|" || pattern.contains("[]") || pattern.contains("[^]");
+    return unknownEscape || part == u"|";
 }
 
 } // namespace
@@ -71,9 +55,9 @@ CharacterSet CharacterSet::requiredBy(const QString &pattern)
     for (qsizetype at = 0; at < pattern.size();) {
         const qsizetype end = endOfPart(pattern, at);
         const QStringView part = QStringView(pattern).mid(at, end - at);
-        if (isOpaque(pattern, part))
+        if (isOpaque(part))
             return {};
-        const bool quantified = end < pattern.size() && QStringLiteral("*+?{").contains(pattern.at(end));
+        const bool quantified = isQuantifier(pattern, end);
         const QChar literal = literalOf(part);
         if (!literal.isNull() && !quantified)
             set.insert(literal);

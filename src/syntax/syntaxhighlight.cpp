@@ -11,17 +11,10 @@ namespace {
 
 constexpr qint8 unpainted = -1;
 
-QRegExp makeExpression(const QString &pattern)
-{
-    return QRegExp(pattern, Qt::CaseSensitive, QRegExp::RegExp);
-}
-
-/// Whether the expression can start or end a comment. One that matches the empty string would do so everywhere, and is
-/// refused.
-bool isUsable(const QRegExp &expression)
-{
-    return !expression.isEmpty() && expression.isValid() && expression.indexIn(QString()) < 0;
-}
+/// Pieces in which the end of a comment is looked for where lines are not coloured any more, in characters. They
+/// overlap by more than an end mark has.
+constexpr qsizetype pieceLength = 256;
+constexpr qsizetype pieceOverlap = 64;
 
 } // namespace
 
@@ -42,7 +35,7 @@ void SyntaxHighlight::loadSyntaxFile(const QString &path)
         return;
     for (int group = 0; group < SyntaxFile::groupCount; ++group)
         makeRules(SyntaxFile::Group(group));
-    m_hasMultiLineComments = isUsable(m_multiStart.expression) && isUsable(m_multiEnd);
+    m_hasMultiLineComments = m_multiStart.canDelimit() && m_multiEnd.canDelimit();
 }
 
 void SyntaxHighlight::setDocument(QTextDocument *document)
@@ -67,11 +60,15 @@ void SyntaxHighlight::rehighlight()
 
 void SyntaxHighlight::highlightBlock(const QString &text)
 {
-    m_painted.fill(unpainted, text.size());
-    const CharacterSet characters = CharacterSet::occurringIn(text);
-    applyRules(text, characters);
-    if (m_hasMultiLineComments)
-        applyMultiLineComments(text, characters);
+    const QString seen = text.left(PatternShape::longestSearched);
+    m_painted.fill(unpainted, seen.size());
+    const CharacterSet characters = CharacterSet::occurringIn(seen);
+    applyRules(seen, characters);
+    if (m_hasMultiLineComments) {
+        const int open = applyMultiLineComments(seen, characters);
+        const bool inside = open >= 0 && !endsComment(text, seen.size(), open);
+        setCurrentBlockState(inside ? Inside : Outside);
+    }
     setFormats();
 }
 
@@ -96,7 +93,7 @@ void SyntaxHighlight::makeRules(SyntaxFile::Group group)
         known.insert(pattern);
         const QString word = WordTable::plainWord(pattern);
         if (word.isEmpty())
-            m_rules.at(group).append(makeRule(pattern));
+            m_rules.at(group).append(HighlightingRule(pattern));
         else
             m_words.insert(word, group);
     }
@@ -107,22 +104,12 @@ bool SyntaxHighlight::takeMultiLineExpression(const QString &pattern)
     const QLatin1String start("MULTI_START=");
     const QLatin1String end("MULTI_END=");
     if (pattern.startsWith(start))
-        m_multiStart = makeRule(pattern.mid(start.size()));
+        m_multiStart = HighlightingRule(pattern.mid(start.size()));
     else if (pattern.startsWith(end))
-        m_multiEnd = makeExpression(pattern.mid(end.size()));
+        m_multiEnd = HighlightingRule(pattern.mid(end.size()));
     else
         return false;
     return true;
-}
-
-SyntaxHighlight::HighlightingRule SyntaxHighlight::makeRule(const QString &pattern)
-{
-    return {makeExpression(pattern), CharacterSet::requiredBy(pattern)};
-}
-
-int SyntaxHighlight::HighlightingRule::find(const QString &text, const CharacterSet &characters, int from) const
-{
-    return characters.containsAll(required) ? expression.indexIn(text, from) : -1;
 }
 
 /// An expression that matches nothing but the empty string at a place goes on one character further.
@@ -138,7 +125,7 @@ void SyntaxHighlight::applyRules(const QString &text, const CharacterSet &charac
         for (const HighlightingRule &rule : m_rules.at(group)) {
             int index = rule.find(text, characters, 0);
             while (index >= 0) {
-                const int length = rule.expression.matchedLength();
+                const int length = rule.matchedLength();
                 paint(index, length, group);
                 index = rule.find(text, characters, index + std::max(length, 1));
             }
@@ -146,20 +133,33 @@ void SyntaxHighlight::applyRules(const QString &text, const CharacterSet &charac
     }
 }
 
-void SyntaxHighlight::applyMultiLineComments(const QString &text, const CharacterSet &characters)
+/// Position of the comment that is open at the end of the text, or -1.
+int SyntaxHighlight::applyMultiLineComments(const QString &text, const CharacterSet &characters)
 {
-    setCurrentBlockState(Outside);
+    int open = -1;
     int start = previousBlockState() == Inside ? 0 : m_multiStart.find(text, characters, 0);
     while (start >= 0) {
-        const int end = m_multiEnd.indexIn(text, start);
-        int length = int(text.size()) - start;
-        if (end >= 0)
-            length = end - start + m_multiEnd.matchedLength();
-        else
-            setCurrentBlockState(Inside);
+        const int end = m_multiEnd.find(text, characters, start);
+        const int length = (end < 0 ? int(text.size()) : end + m_multiEnd.matchedLength()) - start;
+        open = end < 0 ? start : -1;
         paint(start, length, SyntaxFile::Comments);
         start = m_multiStart.find(text, characters, start + std::max(length, 1));
     }
+    return open;
+}
+
+/// Whether the comment at @p open, which does not end within the first @p seen characters of the line, ends behind
+/// them. Short pieces bound the work.
+bool SyntaxHighlight::endsComment(const QString &line, qsizetype seen, qsizetype open) const
+{
+    if (seen == line.size())
+        return false;
+    for (qsizetype at = std::max(open, seen - pieceOverlap); at < line.size(); at += pieceLength - pieceOverlap) {
+        const QString piece = line.mid(at, pieceLength);
+        if (m_multiEnd.find(piece, CharacterSet::occurringIn(piece), 0) >= 0)
+            return true;
+    }
+    return false;
 }
 
 void SyntaxHighlight::paint(int start, int length, SyntaxFile::Group group)

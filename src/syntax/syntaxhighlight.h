@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "syntax/characterset.h"
+#include "syntax/highlightingrule.h"
 #include "syntax/syntaxfile.h"
 #include "syntax/wordtable.h"
 
-#include <QRegExp>
 #include <QSyntaxHighlighter>
 #include <QVector>
 
@@ -17,6 +16,9 @@
 ///
 /// Later groups paint over earlier ones: types over keywords, comments over types, quotation over comments, and the
 /// comments that span lines over all.
+///
+/// Lines of more than PatternShape::longestSearched characters are coloured up to there and plain behind it, so that no
+/// line takes the program's time away. A comment that is open there goes on in the next line unless its end follows.
 class SyntaxHighlight : public QSyntaxHighlighter
 {
     Q_OBJECT
@@ -44,24 +46,15 @@ protected:
     void highlightBlock(const QString &text) override;
 
 private:
-    struct HighlightingRule
-    {
-        QRegExp expression;
-        CharacterSet required; ///< A line without all of them is not searched.
-
-        /// Position of the first match from @p from on in a line of these characters, or -1.
-        int find(const QString &text, const CharacterSet &characters, int from) const;
-    };
-
     /// States of a block: whether it ends inside a comment that spans lines.
     enum BlockState { Outside, Inside };
 
-    static HighlightingRule makeRule(const QString &pattern);
     void clearRules();
     void makeRules(SyntaxFile::Group group);
     bool takeMultiLineExpression(const QString &pattern);
     void applyRules(const QString &text, const CharacterSet &characters);
-    void applyMultiLineComments(const QString &text, const CharacterSet &characters);
+    int applyMultiLineComments(const QString &text, const CharacterSet &characters);
+    bool endsComment(const QString &line, qsizetype seen, qsizetype open) const;
     void paint(int start, int length, SyntaxFile::Group group);
     void setFormats();
 
@@ -70,7 +63,7 @@ private:
     WordTable m_words; ///< The rules that look for a plain word, with the group of each.
     SyntaxFile m_syntaxFile;
     HighlightingRule m_multiStart;
-    QRegExp m_multiEnd;
+    HighlightingRule m_multiEnd;
     bool m_hasMultiLineComments = false; ///< Both expressions are there and of use.
     QVector<qint8> m_painted;            ///< Of the block being coloured: the group of each character, or none.
     bool m_rulesChanged = false;         ///< Since the document was last coloured as a whole.

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-namespace {
-
 bool isWordCharacter(QChar c)
 {
     const ushort code = c.unicode();
@@ -13,8 +11,6 @@ bool isWordCharacter(QChar c)
                code == '_';
     return c.isLetterOrNumber() || c.isMark();
 }
-
-} // namespace
 
 QString WordTable::plainWord(const QString &pattern)
 {

@@ -5,6 +5,9 @@
 #include <QString>
 #include <QVector>
 
+/// Whether QRegExp takes the character for a part of a word.
+bool isWordCharacter(QChar c);
+
 /// Whole words that patterns of the plain form "\bword\b" look for, found by one look-up per word of a line instead of
 /// one search of the line per pattern. What counts as a word is what QRegExp takes for one, so the matches are the
 /// same.

@@ -73,10 +73,16 @@ void TestCharacterSet::requiredCharacters_data()
                                   << "";
     QTest::newRow("alternatives behind others") << "abc(d)|e"
                                                 << "";
-    QTest::newRow("bracket in a set") << "a[]b]"
-                                      << "";
-    QTest::newRow("bracket in an inverse set") << "a[^]b]"
-                                               << "";
+    QTest::newRow("bracket in a set") << "a[]b]c"
+                                      << "ac";
+    QTest::newRow("bracket in an inverse set") << "a[^]b]c"
+                                               << "ac";
+    QTest::newRow("escaped bracket first in a set") << R"(a[\],;]b)"
+                                                    << "ab";
+    QTest::newRow("escaped bracket first in an inverse set") << R"([^\],]b)"
+                                                             << "b";
+    QTest::newRow("backslash alone in a set") << R"(a[\\]b])"
+                                              << "]ab";
     QTest::newRow("code of a character") << R"(a\x0041b)"
                                          << "";
     QTest::newRow("octal code") << R"(a\0101b)"
@@ -126,10 +132,10 @@ void TestCharacterSet::charactersBeyondAscii()
 /// Random patterns on random lines: whatever an expression matches has all that its pattern requires.
 void TestCharacterSet::noMatchIsLost()
 {
-    const QStringList patternPieces{"a",     "b",     "/",   "\"",  "1",     "\\*",   "\\/",   "\\\\",
-                                    "\\b",   "\\w",   "\\d", ".",   "[",     "]",     "[ab]",  "[^a]",
-                                    "[0-9]", "[a\\]", "(",   ")",   "(a|b)", "(?=a)", "(?!b)", "|",
-                                    "*",     "+",     "?",   "{2}", "{0,1}", "^",     "$"};
+    const QStringList patternPieces{"a",       "b",      "/",       "\"",   "1",     "\\*",  "\\/",   "\\\\",  "\\b",
+                                    "\\w",     "\\d",    ".",       "[",    "]",     "[ab]", "[^a]",  "[0-9]", "[a\\]",
+                                    "[\\],;]", "[\\\\]", "[^\\],]", "[]a]", "[^]a]", "(",    ")",     "(a|b)", "(?=a)",
+                                    "(?!b)",   "|",      "*",       "+",    "?",     "{2}",  "{0,1}", "^",     "$"};
     const QStringList linePieces{"a", "b", "/", "*", "\"", "\\", "1", "0", "]", "[", "(", " ", "ab", "{", "2", "ż"};
     QRandomGenerator random(20);
     int matches = 0;

@@ -2,6 +2,7 @@
 #include "app/folders.h"
 #include "support/testmain.h"
 #include "syntax/definitionxml.h"
+#include "syntax/patternshape.h"
 #include "syntax/wordtable.h"
 
 #include <QColor>
@@ -209,6 +210,8 @@ void TestDefinitions::patterns()
         for (const QString &pattern : patternsOf(group)) {
             const QRegExp expression = expressionOf(pattern, group.attribute("name") == "Comments");
             QVERIFY2(expression.isValid(), qPrintable(pattern + ": " + expression.errorString()));
+            const PatternShape shape(expression.pattern());
+            QVERIFY2(!shape.isTooLarge() && shape.reach() == PatternShape::longestSearched, qPrintable(pattern));
             const QString empty = emptyMatch(expression);
             QVERIFY2(empty.isEmpty(), qPrintable(pattern + " matches the empty string " + empty));
         }
