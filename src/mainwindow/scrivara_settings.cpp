@@ -34,8 +34,11 @@ void Scrivara::loadSettings()
 {
     TRACE_ENTER;
     const QSettings settings;
-    restoreState(settingOr(settings, QStringLiteral("General/WindowState"), QByteArray()), 0);
+    const QByteArray windowState = settingOr(settings, QStringLiteral("General/WindowState"), QByteArray());
+    restoreState(windowState, 0);
     m_toolBarManager->restoreState(settingOr(settings, QStringLiteral("General/ToolBarsState"), QByteArray()), 0);
+    // The user's own bars were not there before; now they go to their places too.
+    restoreState(windowState, 0);
     m_appLanguage = settingOr(settings, QStringLiteral("Other/AppLanguage"), QStringLiteral("default"));
     // Unlike switchLanguage(): at start "default" is English, whatever the system speaks.
     const QString locale = m_appLanguage == QLatin1String("default") ? QStringLiteral("en") : m_appLanguage;

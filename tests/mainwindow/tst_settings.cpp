@@ -242,6 +242,7 @@ void TestWindowSettings::customToolBar()
         auto *manager = window->findChild<QtToolBarManager *>();
         QToolBar *mine = manager->fullManager()->createToolBar(QStringLiteral("Mine"));
         manager->fullManager()->setActions(mine, {window.action("actionThinRedPen")});
+        window->addToolBar(Qt::BottomToolBarArea, mine);
         QVERIFY(window->close());
     }
     WindowProbe window;
@@ -252,6 +253,7 @@ void TestWindowSettings::customToolBar()
     window->showWindow();
     QVERIFY(QTest::qWaitForWindowExposed(&*window));
     QVERIFY(bars.last()->isVisible());
+    QCOMPARE(window->toolBarArea(bars.last()), Qt::BottomToolBarArea);
 }
 
 void TestWindowSettings::customizeDialog()
