@@ -103,6 +103,8 @@ ActiveElement::ActiveElement(QGraphicsItem *parent)
     setOpenExternalLinks(true);
     setTextWidth(tagTextWidth);
     setFont(m_descriptionFont);
+    // The notes are light whatever the palette.
+    setDefaultTextColor(Qt::black);
 }
 
 int ActiveElement::category() const

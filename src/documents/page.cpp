@@ -284,9 +284,13 @@ void Page::addActiveElement(ActiveElement *element)
 void Page::editActiveElement(ActiveElement *element, Qt::WindowFlags flags)
 {
     const QPointer<Page> self(this);
+    // The press that asks for this was not meant for the tool, and the dialog takes its release.
+    if (Tool *tool = currentTool())
+        tool->abandonGesture();
+    m_pressPoint.reset();
     DocumentHost *host = m_host.get();
     if (host && host->editActiveElement(element, flags) && self)
-        setModified(true);
+        markModified();
 }
 
 bool Page::containsItem(QGraphicsItem *item) const

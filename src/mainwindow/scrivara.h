@@ -5,6 +5,7 @@
 #include "documents/documenthost.h"
 #include "mainwindow/mailprocess.h"
 #include "persistence/paperfile.h"
+#include "statistics/statisticshost.h"
 #include "tools/toolhost.h"
 #include "ui_mainwindow.h"
 #include "widgets/taghost.h"
@@ -46,6 +47,7 @@ class QtColorPicker;
 class QtToolBarManager;
 class ScreenShotTool;
 class ShapeTool;
+class StatisticsDialog;
 class TextBoxTool;
 class ViewModeDialog;
 struct WindowLayout;
@@ -61,7 +63,8 @@ class Scrivara : public QMainWindow,
                  public DocumentHost,
                  public ToolHost,
                  public ViewHost,
-                 public TagHost
+                 public TagHost,
+                 public StatisticsHost
 {
     Q_OBJECT
 
@@ -80,7 +83,7 @@ public:
     Tool *currentTool() const override;
     int mode() const override;
     /// Null until the first document is opened or made.
-    PageStack *pageStack() const;
+    PageStack *pageStack() const override;
     /// The document in front, or null.
     Page *currentPage() const override;
 
@@ -282,6 +285,7 @@ private:
     QToolButton *m_syntaxButton = nullptr; ///< Source of truth for highlighting during the run.
 
     AboutDialog *m_aboutDialog = nullptr;                 ///< Made on first use.
+    StatisticsDialog *m_statisticsDialog = nullptr;       ///< Made on first use.
     ActiveElementDialog *m_activeElementDialog = nullptr; ///< For new tags.
     ActiveElementsList *m_activeElementsList = nullptr;
     ConfigDialog *m_configDialog = nullptr; ///< Made on first use.

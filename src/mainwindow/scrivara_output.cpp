@@ -7,6 +7,7 @@
 #include "documents/page.h"
 #include "documents/warningbox.h"
 #include "persistence/privatefile.h"
+#include "statistics/statisticsdialog.h"
 #include "widgets/aboutdialog.h"
 
 #include <QDesktopServices>
@@ -48,6 +49,19 @@ void Scrivara::gotoHomePage()
     TRACE_ENTER;
     const bool polish = QLocale::system().name() == QLatin1String("pl");
     QDesktopServices::openUrl(webPage(polish ? QStringLiteral("/pl/index.html") : QStringLiteral("/en/index.html")));
+    TRACE_LEAVE;
+}
+
+void Scrivara::showStatistics()
+{
+    TRACE_ENTER;
+    (logTrace << "Show text statistics").eol(0);
+    if (m_statisticsDialog == nullptr) {
+        m_statisticsDialog = new StatisticsDialog(this);
+        m_statisticsDialog->setWindowFlags(Qt::Drawer | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                           Qt::CustomizeWindowHint);
+    }
+    m_statisticsDialog->exec();
     TRACE_LEAVE;
 }
 
@@ -193,7 +207,3 @@ QString Scrivara::detectMailClient()
     QSettings().setValue(QStringLiteral("General/EmailClient"), client);
     return client;
 }
-
-// Commands whose action is on offer already but whose subsystem is not part of the program yet: they change nothing.
-
-void Scrivara::showStatistics() {}

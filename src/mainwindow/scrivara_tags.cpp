@@ -75,6 +75,7 @@ void Scrivara::addActiveElement(int id)
     MarkItem::makeHandy(*tag);
     tag->setFlag(QGraphicsItem::ItemIsFocusable);
     page->addActiveElement(tag.release());
+    updateMenus();
     TRACE_LEAVE;
 }
 

@@ -113,6 +113,8 @@ private slots:
     void copiedTagIsEmpty();
     void editedInItsDialog_data();
     void editedInItsDialog();
+    void editingIsNoGesture_data();
+    void editingIsNoGesture();
     void editingCancelled();
     void tagDiesInItsDialog();
     void listIsShownAndHidden();
@@ -153,6 +155,8 @@ void TestActiveTags::openedFile()
     QCOMPARE(tags.at(0)->author(), "Anna");
     // It can be undone away, but is no change.
     QVERIFY(!window.page()->isModified());
+    QVERIFY(!window->windowTitle().contains('*'));
+    QVERIFY(!window.action("actionSave")->isEnabled());
     QVERIFY(window.action("actionUndo")->isEnabled());
     QCOMPARE(rows(window), (QStringList{"first tag", "second tag"}));
     window->undoGroup()->undo();
@@ -452,9 +456,39 @@ void TestActiveTags::editedInItsDialog()
     QCOMPARE(tag->background(), QColor(0, 255, 0, 120));
     QCOMPARE(tag->category(), 4);
     QVERIFY(window.page()->isModified());
+    QVERIFY(window.action("actionSave")->isEnabled());
     // The list does not hear of it.
     QCOMPARE(rows(window).first(), "first tag");
     window.forgetChanges();
+}
+
+void TestActiveTags::editingIsNoGesture_data()
+{
+    QTest::addColumn<QString>("tool");
+    for (const char *tool : {"actionThinRedPen", "actionEraser", "actionTextBox"})
+        QTest::newRow(tool) << QString::fromLatin1(tool);
+}
+
+/// The dialog takes the release of the press that opens it.
+void TestActiveTags::editingIsNoGesture()
+{
+    QFETCH(const QString, tool);
+    const TestFiles files;
+    const WindowProbe window({files.write("a.oxn", taggedText)});
+    window->showWindow();
+    QVERIFY(QTest::qWaitForWindowExposed(&*window));
+    window.action(tool.toLatin1())->trigger();
+    const qsizetype items = window.page()->items().size();
+    DialogAnswers answers;
+    answers.reject();
+    QTest::mousePress(window.view()->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      edgeOf(window.view(), tagsOn(window.page()).first()));
+    QCOMPARE(answers.seen().size(), 1);
+    QTest::mouseMove(window.view()->viewport(), QPoint(300, 300));
+    QTest::mouseMove(window.view()->viewport(), QPoint(340, 330));
+    QTest::mouseClick(window.view()->viewport(), Qt::MiddleButton, {}, QPoint(360, 340));
+    QCOMPARE(window.page()->items().size(), items);
+    QVERIFY(!window.page()->isModified());
 }
 
 void TestActiveTags::editingCancelled()
