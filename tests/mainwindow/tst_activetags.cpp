@@ -465,7 +465,7 @@ void TestActiveTags::editedInItsDialog()
 void TestActiveTags::editingIsNoGesture_data()
 {
     QTest::addColumn<QString>("tool");
-    for (const char *tool : {"actionThinRedPen", "actionEraser", "actionTextBox"})
+    for (const char *tool : {"actionThinRedPen", "actionToolEraser", "actionTextBox"})
         QTest::newRow(tool) << QString::fromLatin1(tool);
 }
 
