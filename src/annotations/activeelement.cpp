@@ -103,6 +103,8 @@ ActiveElement::ActiveElement(QGraphicsItem *parent)
     setOpenExternalLinks(true);
     setTextWidth(tagTextWidth);
     setFont(m_descriptionFont);
+    // Not the palette's colour, which may be white: all notes are light, and the colour goes into the file.
+    setDefaultTextColor(Qt::black);
 }
 
 int ActiveElement::category() const
