@@ -270,8 +270,10 @@ void Page::editActiveElement(ActiveElement *element, Qt::WindowFlags flags)
 {
     const QPointer<Page> self(this);
     DocumentHost *host = m_host.get();
-    if (host && host->editActiveElement(element, flags) && self)
-        setModified(true);
+    if (!host || !host->editActiveElement(element, flags) || !self)
+        return;
+    setModified(true);
+    refreshUi();
 }
 
 bool Page::containsItem(QGraphicsItem *item) const

@@ -452,6 +452,7 @@ void TestActiveTags::editedInItsDialog()
     QCOMPARE(tag->background(), QColor(0, 255, 0, 120));
     QCOMPARE(tag->category(), 4);
     QVERIFY(window.page()->isModified());
+    QVERIFY(window.action("actionSave")->isEnabled());
     // The list does not hear of it.
     QCOMPARE(rows(window).first(), "first tag");
     window.forgetChanges();
