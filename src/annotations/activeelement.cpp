@@ -103,7 +103,7 @@ ActiveElement::ActiveElement(QGraphicsItem *parent)
     setOpenExternalLinks(true);
     setTextWidth(tagTextWidth);
     setFont(m_descriptionFont);
-    // The notes are light whatever the palette.
+    // Not the palette's colour, which may be white: all notes are light, and the colour goes into the file.
     setDefaultTextColor(Qt::black);
 }
 

@@ -96,7 +96,9 @@ void StatisticsDialog::layOut()
     setLayout(all);
     m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    m_table->setTextElideMode(Qt::ElideMiddle); // both ends of a path tell files apart
+    // Of a long path the end tells more than the start.
+    m_table->setWordWrap(false);
+    m_table->setTextElideMode(Qt::ElideLeft);
     m_table->setFocus();
     setTabOrder(m_table, m_chart);
     setTabOrder(m_chart, m_printButton);

@@ -164,6 +164,7 @@ class TestActiveElement : public QObject
 
 private slots:
     void freshNote();
+    void textIsBlackInADarkPalette();
     void categoriesHaveTheirLook_data();
     void categoriesHaveTheirLook();
     void unknownCategories_data();
@@ -224,6 +225,17 @@ void TestActiveElement::freshNote()
     QVERIFY(note.openExternalLinks());
     QVERIFY(!note.flags().testFlag(QGraphicsItem::ItemIsMovable));
     QVERIFY(!note.flags().testFlag(QGraphicsItem::ItemIsSelectable));
+}
+
+void TestActiveElement::textIsBlackInADarkPalette()
+{
+    const QPalette before = QApplication::palette();
+    QPalette dark(QColor(40, 40, 40));
+    dark.setColor(QPalette::Text, Qt::white);
+    QApplication::setPalette(dark);
+    const ActiveElement note;
+    QApplication::setPalette(before);
+    QCOMPARE(note.defaultTextColor(), QColor(Qt::black));
 }
 
 void TestActiveElement::categoriesHaveTheirLook_data()
