@@ -14,6 +14,7 @@
 #include "documents/warningbox.h"
 #include "persistence/iosystem.h"
 #include "syntax/syntaxhighlight.h"
+#include "tools/tool.h"
 
 #include <QDir>
 #include <QFileInfo>
