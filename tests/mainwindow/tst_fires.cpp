@@ -229,8 +229,9 @@ void TestFires::mappedActionsFire()
         QSignalMapper *mapper = mapperOf(window, action, row.id);
         QVERIFY2(mapper, row.action);
         const QSignalSpy spy(mapper, &QSignalMapper::mappedInt);
+        // Two of the slots open a window that waits for the user.
         DialogAnswers answers;
-        if (row.slot == &Scrivara::addActiveElement)
+        if (row.slot == &Scrivara::addActiveElement || row.slot == &Scrivara::showConfigDialog)
             answers.reject();
         action->trigger();
         QCOMPARE(answers.left(), 0);

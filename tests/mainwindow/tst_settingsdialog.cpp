@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/page.h"
 #include "documents/pagestack.h"
+#include "documents/pageview.h"
 #include "mainwindow/windowprobe.h"
 #include "settings/configdialog.h"
 #include "support/dialogs.h"
@@ -293,6 +294,7 @@ void TestSettingsDialog::trace()
 void TestSettingsDialog::languageReachesTheDialog()
 {
     const WindowProbe window;
+    QCoreApplication::processEvents(); // the window's own language is on its way
     QStringList rows;
     const auto look = [&rows](ConfigDialog *dialog) {
         rows.clear();

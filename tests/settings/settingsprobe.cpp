@@ -2,6 +2,17 @@
 #include "settings/settingsprobe.h"
 
 #include "settings/configdialog.h"
+#include "settings/emailtab.h"
+#include "settings/lineandbrackettab.h"
+#include "settings/markertab.h"
+#include "settings/othertab.h"
+#include "settings/pageviewtab.h"
+#include "settings/pentab.h"
+#include "settings/printtab.h"
+#include "settings/screenshottab.h"
+#include "settings/shapetab.h"
+#include "settings/syntaxtab.h"
+#include "settings/textboxtab.h"
 #include "widgets/qtcolorpicker.h"
 
 #include <QComboBox>
@@ -12,6 +23,34 @@
 #include <QSlider>
 #include <QSpinBox>
 #include <QStackedWidget>
+
+std::unique_ptr<SettingsTab> makePage(int index)
+{
+    switch (index) {
+    case Pen:
+        return std::make_unique<PenTab>();
+    case Marker:
+        return std::make_unique<MarkerTab>();
+    case TextBox:
+        return std::make_unique<TextBoxTab>();
+    case Line:
+        return std::make_unique<LineAndBracketTab>();
+    case Shape:
+        return std::make_unique<ShapeTab>();
+    case Screenshot:
+        return std::make_unique<ScreenshotTab>();
+    case PageView:
+        return std::make_unique<PageViewTab>();
+    case Syntax:
+        return std::make_unique<SyntaxTab>();
+    case Print:
+        return std::make_unique<PrintTab>();
+    case Other:
+        return std::make_unique<OtherTab>();
+    default:
+        return std::make_unique<EmailTab>();
+    }
+}
 
 QWidget *pageAt(const ConfigDialog &dialog, int index)
 {

@@ -5,11 +5,21 @@
 #include <QTranslator>
 #include <QVariant>
 
+#include <memory>
+
 class ConfigDialog;
 class QAbstractButton;
 class QWidget;
+class SettingsTab;
 
 /// Reaches the parts of the settings window by name or text, as a user finds them by their looks.
+
+/// The pages by their index.
+enum PageIndex { Pen, Marker, TextBox, Line, Shape, Screenshot, PageView, Syntax, Print, Other, Email };
+constexpr int pageCount = 11;
+
+/// A page without the window round it, and without anything loaded.
+std::unique_ptr<SettingsTab> makePage(int index);
 
 /// The page with this index.
 QWidget *pageAt(const ConfigDialog &dialog, int index);

@@ -264,9 +264,8 @@ void TestDefinitionWriter::unknownPartsStay()
     DefinitionGroups groups = groupsIn(strange);
     groups[SyntaxFile::Keywords].patterns = {"k"};
     const QByteArray result = rewritten(strange, groups);
-    for (const char *part :
-         {"author=\"me\"", "<note>keep ", "<b>me</b>", "<element name=\"Numbers\" color=\"red\"/>",
-          "<?tool do?>", "<!-- mine -->", "italic=\"true\" alpha=\"2\" zeta=\"1\""})
+    for (const char *part : {"author=\"me\"", "<note>keep ", "<b>me</b>", "<element name=\"Numbers\" color=\"red\"/>",
+                             "<?tool do?>", "<!-- mine -->", "italic=\"true\" alpha=\"2\" zeta=\"1\""})
         QVERIFY2(result.contains(part), part);
 }
 

@@ -1,17 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/configdialog.h"
-#include "settings/emailtab.h"
-#include "settings/lineandbrackettab.h"
-#include "settings/markertab.h"
-#include "settings/othertab.h"
-#include "settings/pageviewtab.h"
-#include "settings/pentab.h"
-#include "settings/printtab.h"
-#include "settings/screenshottab.h"
 #include "settings/settingsprobe.h"
-#include "settings/shapetab.h"
-#include "settings/syntaxtab.h"
-#include "settings/textboxtab.h"
+#include "settings/settingstab.h"
 #include "support/testmain.h"
 #include "widgets/qtcolorpicker.h"
 
@@ -36,38 +25,6 @@
 #include <memory>
 
 namespace {
-
-enum PageIndex { Pen, Marker, TextBox, Line, Shape, Screenshot, PageView, Syntax, Print, Other, Email };
-
-std::unique_ptr<SettingsTab> makePage(int index)
-{
-    switch (index) {
-    case Pen:
-        return std::make_unique<PenTab>();
-    case Marker:
-        return std::make_unique<MarkerTab>();
-    case TextBox:
-        return std::make_unique<TextBoxTab>();
-    case Line:
-        return std::make_unique<LineAndBracketTab>();
-    case Shape:
-        return std::make_unique<ShapeTab>();
-    case Screenshot:
-        return std::make_unique<ScreenshotTab>();
-    case PageView:
-        return std::make_unique<PageViewTab>();
-    case Syntax:
-        return std::make_unique<SyntaxTab>();
-    case Print:
-        return std::make_unique<PrintTab>();
-    case Other:
-        return std::make_unique<OtherTab>();
-    default:
-        return std::make_unique<EmailTab>();
-    }
-}
-
-constexpr int pageCount = 11;
 
 /// One control. Its text is its own, or that of the label which belongs to it.
 struct Control
