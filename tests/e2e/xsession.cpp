@@ -79,6 +79,12 @@ void XSession::type(const QString &text) const
     tool(QStringLiteral("xdotool"), {QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("20"), text});
 }
 
+void XSession::click(QPoint position, int button) const
+{
+    tool(QStringLiteral("xdotool"), {QStringLiteral("mousemove"), QString::number(position.x()),
+                                     QString::number(position.y()), QStringLiteral("click"), QString::number(button)});
+}
+
 void XSession::click(const QString &window, QPoint position, int button) const
 {
     tool(QStringLiteral("xdotool"),

@@ -28,6 +28,7 @@ public:
     void key(const QString &chord) const;
     /// Types a text into the window that has the focus.
     void type(const QString &text) const;
+    void click(QPoint position, int button = 1) const;
     /// Clicks at @p position inside the contents of @p window.
     void click(const QString &window, QPoint position, int button = 1) const;
     /// Presses the left button at the first point, moves through the others, releases at the last.
@@ -41,7 +42,7 @@ public:
     QString waitForWindow(const QString &pattern, WindowState state = Active, int milliseconds = 20000) const;
     /// Waits until the screen no longer changes, that is, until the program has painted what the user did last.
     void waitUntilQuiet() const;
-    /// Size of a window's contents, and their position if the window has no frame (xdotool counts a frame twice).
+    /// Outer position of a window's contents and their size.
     QRect geometry(const QString &window) const;
     QString title(const QString &window) const;
     /// Asks the window to close as its close button does.
