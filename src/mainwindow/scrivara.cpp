@@ -267,12 +267,12 @@ void Scrivara::updateCurrentState()
 void Scrivara::applyDocumentColors(Page *page)
 {
     const QSettings settings;
-    // What is no colour would show as black, text and background alike.
-    const QColor text(settingOr(settings, QStringLiteral("PageView/DefaultTextColor"), QStringLiteral("black")));
-    page->setTextColor(text.isValid() ? text : QColor(Qt::black));
+    // A name of no colour is handed on as it is; the invalid colour shows as black.
+    page->setTextColor(
+        QColor(settingOr(settings, QStringLiteral("PageView/DefaultTextColor"), QStringLiteral("black"))));
     (logTrace << "Updating text color").eol(0);
-    const QColor background(settingOr(settings, QStringLiteral("PageView/DefaultBgColor"), QStringLiteral("white")));
-    page->setBackgroundBrush(QBrush(background.isValid() ? background : QColor(Qt::white)));
+    page->setBackgroundBrush(
+        QColor(settingOr(settings, QStringLiteral("PageView/DefaultBgColor"), QStringLiteral("white"))));
     (logTrace << "Updating background color").eol(0);
 }
 

@@ -171,10 +171,17 @@ void TestStartup::floatingToolBarWaitsForTheWindow()
 
 void TestStartup::showWindowMaximized()
 {
-    QSettings().setValue(QStringLiteral("General/WindowSize"), QSize(300, 200));
+    QSettings settings;
+    settings.setValue(QStringLiteral("General/WindowSize"), QSize(1300, 900));
+    settings.setValue(QStringLiteral("General/WindowPosition"), QPoint(20, 30));
     WindowProbe window;
+    const QSize sizeBefore = window->size();
     window->showWindow();
     QVERIFY(window->isMaximized());
+    // Neither is applied: not even to what the window goes back to.
+    QCOMPARE(window->normalGeometry(), QRect(QPoint(0, 0), sizeBefore));
+    window->showNormal();
+    QTRY_COMPARE(window->size(), sizeBefore);
 }
 
 void TestStartup::showWindowFromGeometry()
