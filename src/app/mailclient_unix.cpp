@@ -82,5 +82,7 @@ QString defaultMailClient()
     // "env NAME=value program" starts the program, too.
     while (!words.isEmpty() && (words.constFirst() == QLatin1String("env") || words.constFirst().contains('=')))
         words.removeFirst();
-    return words.value(0);
+    // What starts another program would need more than its own name.
+    const QStringList launchers{"flatpak", "snap", "sh", "bash"};
+    return launchers.contains(QFileInfo(words.value(0)).fileName()) ? QString() : words.value(0);
 }

@@ -9,11 +9,14 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QFontMetrics>
+#include <QGraphicsItem>
 #include <QPainter>
 #include <QPrinter>
 #include <QScopeGuard>
 #include <QTextBlock>
 #include <QTextDocument>
+
+#include <utility>
 
 namespace {
 
@@ -26,18 +29,28 @@ constexpr double headerMargin = 5.0;
 /// Scene units between the top of the scene and the first thing that is printed.
 constexpr double firstPrinted = 5.0;
 
-/// Gives marks and line numbers the visibility that paper wants, and takes it back at the end.
+/// Gives marks and line numbers the visibility that paper wants, and takes it back at the end, together with the
+/// selection and the focus that hidden marks lose.
 class PaperLook
 {
 public:
     PaperLook(Page *page, bool annotations, bool lineNumbers)
         : m_page(page),
           m_annotations(page->annotationsVisible()),
-          m_lineNumbers(page->documentItem()->lineNumbersVisible())
+          m_lineNumbers(page->documentItem()->lineNumbersVisible()),
+          m_selection(page->selectedItems()),
+          m_focus(page->focusItem())
     {
         show(annotations, lineNumbers);
     }
-    ~PaperLook() { show(m_annotations, m_lineNumbers); }
+    ~PaperLook()
+    {
+        show(m_annotations, m_lineNumbers);
+        for (QGraphicsItem *item : std::as_const(m_selection))
+            item->setSelected(true);
+        if (m_focus != nullptr && m_page->focusItem() != m_focus)
+            m_focus->setFocus();
+    }
     Q_DISABLE_COPY_MOVE(PaperLook)
 
 private:
@@ -50,6 +63,8 @@ private:
     Page *m_page;
     bool m_annotations;
     bool m_lineNumbers;
+    QList<QGraphicsItem *> m_selection;
+    QGraphicsItem *m_focus;
 };
 
 QString currentDateTime()

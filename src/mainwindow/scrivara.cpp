@@ -341,7 +341,7 @@ void Scrivara::emptyTemporaryFolder()
     // An empty path would mean the working directory, a link somebody else's folder.
     if (path.isEmpty() || QFileInfo(folder.absolutePath()).isSymLink())
         return;
-    const QStringList entries = folder.entryList();
+    const QStringList entries = folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString &entry : entries)
         folder.remove(entry);
 }

@@ -168,10 +168,10 @@ void Scrivara::createToolBarManager()
     TRACE_ENTER_ON(logInfo);
     m_toolBarManager = new QtToolBarManager(this);
     m_toolBarManager->setMainWindow(this);
-    m_toolBarManager->addToolBar(m_shapesToolBar, tr("Shapes"));
-    m_toolBarManager->addToolBar(m_linesToolBar, tr("Lines"));
-    m_toolBarManager->addToolBar(m_bracketsToolBar, tr("Brackets"));
-    m_toolBarManager->addToolBar(m_stdToolsToolBar, tr("StdTools"));
+    m_toolBarManager->addToolBar(m_shapesToolBar, QT_TR_NOOP("Shapes"));
+    m_toolBarManager->addToolBar(m_linesToolBar, QT_TR_NOOP("Lines"));
+    m_toolBarManager->addToolBar(m_bracketsToolBar, QT_TR_NOOP("Brackets"));
+    m_toolBarManager->addToolBar(m_stdToolsToolBar, QT_TR_NOOP("StdTools"));
     TRACE_LEAVE_ON(logInfo);
 }
 
@@ -180,6 +180,8 @@ void Scrivara::customizeToolBars()
     TRACE_ENTER;
     (logTrace << "Customize tool bars").eol(0);
     QtToolBarDialog dialog;
+    // The categories have their names from the start; the language may have changed since.
+    dialog.setCategoryTitles([](const QString &category) { return tr(category.toUtf8().constData()); });
     dialog.setToolBarManager(m_toolBarManager);
     dialog.exec();
     TRACE_LEAVE;

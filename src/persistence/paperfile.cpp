@@ -5,6 +5,7 @@
 #include "persistence/postscriptconverter.h"
 #include "persistence/safefile.h"
 
+#include <QApplication>
 #include <QFileInfo>
 #include <QPrinter>
 #include <QTemporaryDir>
@@ -60,7 +61,9 @@ bool PaperFile::write(const std::function<void(QPrinter *)> &print, QWidget *par
 
 QByteArray PaperFile::toPostScript(const QString &pdfPath, QWidget *parent) const
 {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
     const PostScriptResult result = convertToPostScript(pdfPath);
+    QApplication::restoreOverrideCursor();
     if (result.outcome != PostScriptResult::Converted) {
         const QString reason =
             result.outcome == PostScriptResult::ConverterMissing

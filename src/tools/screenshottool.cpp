@@ -5,6 +5,8 @@
 #include "app/folders.h"
 #include "app/setting.h"
 #include "documents/page.h"
+#include "documents/warningbox.h"
+#include "persistence/paperfile.h"
 #include "persistence/privatefile.h"
 #include "tools/cursorpicture.h"
 #include "tools/snapshot.h"
@@ -14,6 +16,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QGraphicsSceneMouseEvent>
 #include <QImageWriter>
@@ -137,8 +140,12 @@ void ScreenShotTool::toMail(const Snapshot &snapshot) const
     const QString path =
         QDir::toNativeSeparators(dataFolder(QStringLiteral("temporary")) +
                                  (asPdf ? QStringLiteral("Annotated.pdf") : QStringLiteral("Annotated.png")));
-    if (makePrivate(path) && snapshot.saveAs(path, window()) && m_host)
+    if (!makePrivate(path) || !snapshot.saveAs(path, window())) {
+        QFile::remove(path); // what makePrivate() may have left of it
+        showWarning(window(), PaperFile::tr("I/O Error"), PaperFile::tr("Can't save file %1").arg(path));
+    } else if (m_host) {
         m_host->sendFileViaEmail(path);
+    }
 }
 
 void ScreenShotTool::abandonGesture()

@@ -42,6 +42,11 @@ QtToolBarDialog::QtToolBarDialog(QWidget *parent, Qt::WindowFlags flags)
 
 QtToolBarDialog::~QtToolBarDialog() = default;
 
+void QtToolBarDialog::setCategoryTitles(const std::function<QString(const QString &)> &titleOf)
+{
+    m_titleOf = titleOf;
+}
+
 void QtToolBarDialog::setToolBarManager(QtToolBarManager *manager)
 {
     m_manager = manager ? manager->fullManager() : nullptr;
@@ -222,7 +227,7 @@ void QtToolBarDialog::fillActionTree()
     separator->setData(0, separatorRole, true);
     const QStringList categories = m_manager ? m_manager->categories() : QStringList();
     for (const QString &category : categories) {
-        auto *branch = new QTreeWidgetItem(m_ui->actionTree, {category});
+        auto *branch = new QTreeWidgetItem(m_ui->actionTree, {m_titleOf ? m_titleOf(category) : category});
         const QList<QAction *> actions = m_manager->categoryActions(category);
         for (QAction *action : actions) {
             auto *leaf = new QTreeWidgetItem(branch, {displayText(action)});

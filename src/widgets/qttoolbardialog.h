@@ -5,6 +5,7 @@
 #include <QList>
 #include <QPointer>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -31,6 +32,9 @@ public:
     explicit QtToolBarDialog(QWidget *parent = nullptr, Qt::WindowFlags flags = {});
     ~QtToolBarDialog() override;
 
+    /// What the user is to read in place of the name of a category; the name itself until this is called. Comes before
+    /// setToolBarManager().
+    void setCategoryTitles(const std::function<QString(const QString &)> &titleOf);
     /// Takes a copy of the arrangement of @p manager, which stays the caller's and may be null.
     void setToolBarManager(QtToolBarManager *manager);
 
@@ -76,6 +80,7 @@ private:
     void deleteRemovedToolBars();
 
     std::unique_ptr<Ui::QtToolBarDialog> m_ui;
+    std::function<QString(const QString &)> m_titleOf;
     QPointer<QtFullToolBarManager> m_manager;
     QList<Draft> m_drafts;
 };

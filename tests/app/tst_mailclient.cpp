@@ -44,6 +44,13 @@ void TestMailClient::programOfTheEntry_data()
                                   << "client";
     QTest::newRow("localised names") << head + "Exec[pl]=other\nTryExec=third\nExec=client\n"
                                      << "client";
+    QTest::newRow("program of a sandbox")
+        << head + "Exec=/usr/bin/flatpak run --command=mail org.mail.Client @@u %u @@\n"
+        << "";
+    QTest::newRow("program of a package") << head + "Exec=snap run client %u\n"
+                                          << "";
+    QTest::newRow("shell command") << head + "Exec=sh -c \"client %u\"\n"
+                                   << "";
     QTest::newRow("no command") << head << "";
     QTest::newRow("empty command") << head + "Exec=\n"
                                    << "";

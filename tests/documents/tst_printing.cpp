@@ -144,6 +144,8 @@ private slots:
     void textIsVectors();
     void annotations_data();
     void annotations();
+    void selectionAndCaretStay_data();
+    void selectionAndCaretStay();
     void lineNumbers_data();
     void lineNumbers();
     void overlayIsOnPaper();
@@ -400,6 +402,46 @@ void TestPrinting::annotations()
     QCOMPARE(page.annotationsVisible(), shown);
     QCOMPARE(mark->isVisible(), shown);
     QVERIFY(!page.isModified());
+}
+
+void TestPrinting::selectionAndCaretStay_data()
+{
+    QTest::addColumn<bool>("shown");
+    QTest::addColumn<bool>("printed");
+    for (const bool shown : {false, true}) {
+        for (const bool printed : {false, true})
+            QTest::addRow("%s, %s", shown ? "shown" : "hidden", printed ? "printed" : "not printed")
+                << shown << printed;
+    }
+}
+
+/// Marks that paper does not want are hidden meanwhile, and hidden items are neither selected nor have the keyboard.
+void TestPrinting::selectionAndCaretStay()
+{
+    QFETCH(const bool, shown);
+    QFETCH(const bool, printed);
+    setPrinting("PrintAnnotations", printed);
+    Page page(nullptr);
+    fill(&page, 3);
+    auto *selected = new TestMark({100, 20});
+    auto *other = new TestMark({200, 20});
+    selected->setFlag(QGraphicsItem::ItemIsFocusable);
+    page.putOnScene(selected);
+    page.putOnScene(other);
+    page.setAnnotationsHidden(!shown);
+    QEvent activation(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&page, &activation);
+    page.setFocus();
+    selected->setSelected(shown);
+    selected->setFocus();
+    const QGraphicsItem *focus = page.focusItem();
+    QCOMPARE(focus == selected, shown);
+    PaperTrail paper;
+    QVERIFY(page.printPage(&paper.printer));
+    QCOMPARE(selected->isSelected(), shown);
+    QVERIFY(!other->isSelected());
+    QCOMPARE(page.focusItem(), focus);
+    QCOMPARE(selected->isVisible(), shown);
 }
 
 void TestPrinting::lineNumbers_data()

@@ -12,6 +12,7 @@
 #include "tools/textboxtool.h"
 
 #include <QFile>
+#include <QGraphicsSceneMouseEvent>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -35,6 +36,7 @@ private slots:
     void initTestCase();
     void gesturesAreLogged_data();
     void gesturesAreLogged();
+    void snapshotOfNoPageIsLogged();
     void smoothingIsLogged();
     void penLogsItsUpdates();
 
@@ -82,6 +84,8 @@ void TestToolLog::gesturesAreLogged_data()
         "shape", [] { return new ShapeTool(0, false); }, "Shapetool pressed", "Shapetool released");
     row(
         "text box", [] { return new TextBoxTool(nullptr, false); }, "Text box tool pressed", "Text box tool released");
+    row(
+        "snapshot", [] { return new ScreenShotTool(nullptr); }, "Screenshot tool pressed", "Screenshot tool released");
 }
 
 void TestToolLog::gesturesAreLogged()
@@ -98,6 +102,15 @@ void TestToolLog::gesturesAreLogged()
     QVERIFY(!linesSinceMark().contains(released));
     stage.release({100, 100});
     QVERIFY(linesSinceMark().contains(released));
+}
+
+void TestToolLog::snapshotOfNoPageIsLogged()
+{
+    ScreenShotTool tool(nullptr);
+    QGraphicsSceneMouseEvent release(QEvent::GraphicsSceneMouseRelease);
+    (logTrace << "mark").eol(0);
+    tool.mouseReleased(&release, nullptr);
+    QVERIFY(linesSinceMark().contains("Screenshot tool, page == NULL"));
 }
 
 void TestToolLog::smoothingIsLogged()
