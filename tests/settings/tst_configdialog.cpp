@@ -3,6 +3,7 @@
 #include "settings/settingsprobe.h"
 #include "support/modalanswer.h"
 #include "support/testmain.h"
+#include "support/tsfile.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -181,7 +182,7 @@ void TestConfigDialog::opensOnPage_data()
 {
     QTest::addColumn<int>("page");
     QTest::addColumn<int>("row");
-    for (int row = 0; row < 11; ++row)
+    for (int row = 0; row < pageCount; ++row)
         QTest::addRow("page %d", rowPages[row]) << rowPages[row] << row;
 }
 
@@ -381,16 +382,24 @@ void TestConfigDialog::noDocument()
 void TestConfigDialog::nothingIsCut_data()
 {
     QTest::addColumn<int>("page");
-    for (int page = 0; page < 11; ++page)
-        QTest::addRow("page %d", page) << page;
+    QTest::addColumn<QString>("language");
+    for (int page = 0; page < pageCount; ++page) {
+        for (const char *language : {"en", "pl", "fr"})
+            QTest::addRow("page %d %s", page, language) << page << QString::fromLatin1(language);
+    }
 }
 
 void TestConfigDialog::nothingIsCut()
 {
     QFETCH(const int, page);
+    QFETCH(const QString, language);
+    QTranslator translator;
+    if (language != QLatin1String("en"))
+        QVERIFY(translator.load(QStringLiteral("scrivara_") + language, laidTranslations()));
+    QCoreApplication::installTranslator(&translator);
     ConfigDialog dialog(page, nullptr);
     dialog.show();
-    QCOMPARE(cutTexts(pageAt(dialog, page)), QStringList());
+    QCOMPARE(cutTexts(pageAt(dialog, page)).join(' '), QString());
     const QListWidget *list = listOf(dialog);
     for (int row = 0; row < list->count(); ++row)
         QVERIFY(list->sizeHintForIndex(list->model()->index(row, 0)).width() <= list->viewport()->width());
