@@ -25,23 +25,26 @@ void Stroke::finishCapture(bool apply)
     setPolygon(std::exchange(m_captureBuffer, {}));
 }
 
-void Stroke::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*option*/, QWidget * /*widget*/)
+void Stroke::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*option*/, QWidget *widget)
 {
-    drawPoints(painter, polygon());
+    prepare(painter);
+    // Only a view has a widget: what is printed or saved is drawn.
+    if (!widget || !m_picture.paint(painter, {polygon(), pen(), antialiasing()}, boundingRect()))
+        painter->drawPolyline(polygon());
     MarkItem::drawSelection(painter, *this, pen(), selectionKey());
 }
 
 void Stroke::paintContent(QPainter *painter)
 {
-    drawPoints(painter, m_captureBuffer);
+    prepare(painter);
+    painter->drawPolyline(m_captureBuffer);
 }
 
-void Stroke::drawPoints(QPainter *painter, const QPolygonF &points) const
+void Stroke::prepare(QPainter *painter) const
 {
     if (antialiasing())
         painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(pen());
-    painter->drawPolyline(points);
 }
 
 void Stroke::copyFrom(const Stroke &original)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "annotations/annotation.h"
+#include "annotations/strokepicture.h"
 
 #include <QGraphicsPolygonItem>
 #include <QLatin1String>
@@ -35,7 +36,9 @@ protected:
     void copyFrom(const Stroke &original);
 
 private:
-    void drawPoints(QPainter *painter, const QPolygonF &points) const;
+    /// Gives @p painter the stroke's pen and smoothness.
+    void prepare(QPainter *painter) const;
 
     QPolygonF m_captureBuffer;
+    StrokePicture m_picture;
 };

@@ -6,8 +6,12 @@
 #include "annotations/exacttext.h"
 #include "annotations/markfields.h"
 #include "annotations/markitem.h"
+#include "annotations/plaintextdrop.h"
+#include "app/clipboardtext.h"
 
 #include <QFont>
+#include <QKeyEvent>
+#include <QTextCursor>
 #include <QTextDocument>
 
 TextBoxAnn::TextBoxAnn(QGraphicsItem *parent) : QGraphicsTextItem(parent) {}
@@ -22,6 +26,33 @@ TextBoxAnn *TextBoxAnn::clone()
     copy->setFont(font());
     MarkItem::placeCopy(*this, *copy);
     return copy;
+}
+
+bool TextBoxAnn::isEditable() const
+{
+    return textInteractionFlags().testFlag(Qt::TextEditable);
+}
+
+void TextBoxAnn::keyPressEvent(QKeyEvent *event)
+{
+    if (!isEditable() || !event->matches(QKeySequence::Paste)) {
+        QGraphicsTextItem::keyPressEvent(event);
+        return;
+    }
+    QTextCursor cursor = textCursor();
+    cursor.insertText(clipboardText());
+    setTextCursor(cursor);
+    event->accept();
+}
+
+void TextBoxAnn::dropEvent(QGraphicsSceneDragDropEvent *event)
+{
+    if (!isEditable() || !PlainTextDrop::isOffered(event)) {
+        event->ignore();
+        return;
+    }
+    const PlainTextDrop plain(event);
+    QGraphicsTextItem::dropEvent(event);
 }
 
 QString TextBoxAnn::toDebugString()

@@ -19,4 +19,13 @@ public:
     QString toDebugString() override;
     void write(ElementWriter &writer) const override;
     void read(ElementReader &reader) override;
+
+protected:
+    /// What is pasted comes in as plain text, for nothing else is stored of it.
+    void keyPressEvent(QKeyEvent *event) override;
+    /// The same for what is dropped.
+    void dropEvent(QGraphicsSceneDragDropEvent *event) override;
+
+private:
+    bool isEditable() const;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <Qt>
 
 class ActiveElement;
 class Annotation;
@@ -50,8 +51,11 @@ public:
     virtual QString lastOpenDir() const = 0;
     virtual bool isFullScreen() const = 0;
     virtual void toggleFullScreen() = 0;
-    /// Adds the tag to the window's list of active tags.
+    /// Adds the tag to the window's list of active tags. Neither becomes the window's; both may die before it.
     virtual void registerActiveElement(ActiveElement *element, Page *page) = 0;
+    /// Lets the user edit the tag in a dialog with these window flags, none meaning the usual ones. True if the user
+    /// accepted; tag and page may have gone by then.
+    virtual bool editActiveElement(ActiveElement *element, Qt::WindowFlags flags) = 0;
 
 protected:
     ~DocumentHost() = default;

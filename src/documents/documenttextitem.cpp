@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/documenttextitem.h"
 
-#include "documents/clipboardtext.h"
+#include "annotations/plaintextdrop.h"
+#include "app/clipboardtext.h"
 #include "documents/documentitem.h"
 #include "documents/page.h"
 #include "documents/textlayout.h"
@@ -96,24 +97,12 @@ void DocumentTextItem::keyPressEvent(QKeyEvent *event)
     }
 }
 
-void DocumentTextItem::inputMethodEvent(QInputMethodEvent *event)
-{
-    if (isEditable() && !event->commitString().isEmpty())
-        m_page->setModified(true);
-    ClippedTextItem::inputMethodEvent(event);
-}
-
 void DocumentTextItem::dropEvent(QGraphicsSceneDragDropEvent *event)
 {
-    const QMimeData *offered = event->mimeData();
-    if (!isEditable() || !offered || !offered->hasText()) {
+    if (!isEditable() || !PlainTextDrop::isOffered(event)) {
         event->ignore();
         return;
     }
-    QMimeData plain;
-    plain.setText(offered->text());
-    m_page->setModified(true);
-    event->setMimeData(&plain);
+    const PlainTextDrop plain(event);
     ClippedTextItem::dropEvent(event);
-    event->setMimeData(offered);
 }

@@ -22,7 +22,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
-    void inputMethodEvent(QInputMethodEvent *event) override;
     void dropEvent(QGraphicsSceneDragDropEvent *event) override;
 
 private slots:

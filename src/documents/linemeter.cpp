@@ -60,7 +60,8 @@ std::optional<LineTable::Line> LineMeter::measure(QStringView text, const QList<
         return {};
     LineTable::Line line;
     line.width = extent->advance + extent->overhang;
-    line.height = m_plain->lineHeight();
+    // Some fonts have a negative leading; it does not draw the next line nearer.
+    line.height = qCeil(extent->ascent + extent->descent + std::max(extent->leading, 0.0));
     return line;
 }
 
@@ -87,8 +88,18 @@ std::optional<LineMeter::Extent> LineMeter::measureFrom(qint64 x, QStringView te
     }
     if (!advance(m_plain, text.mid(done), &pen))
         return {};
+    if (!pen.last)
+        pen.include(*m_plain);
     const int overhang = pen.last && !text.back().isSpace() ? pen.last->overhang(text.back()) : 0;
-    return Extent{pen.x - x, overhang, m_plain->ascent(), m_plain->descent(), m_plain->leading()};
+    return Extent{pen.x - x, overhang, pen.ascent, pen.descent, pen.leading};
+}
+
+/// As Qt's text engine joins the heights of the parts of a line.
+void LineMeter::Pen::include(const TextMeter &meter)
+{
+    leading = std::max(leading + ascent, meter.leading() + meter.ascent()) - std::max(ascent, meter.ascent());
+    ascent = std::max(ascent, meter.ascent());
+    descent = std::max(descent, meter.descent());
 }
 
 TextMeter *LineMeter::meterFor(const QTextCharFormat &format)
@@ -110,9 +121,6 @@ TextMeter *LineMeter::meterFor(const QTextCharFormat &format)
     case FormatKind::Else:
         break;
     }
-    // A line is as high as the highest font in it.
-    if (meter && !meter->sameHeight(*m_plain))
-        meter = nullptr;
     m_effects.push_back({format, meter});
     return meter;
 }
@@ -132,6 +140,8 @@ bool LineMeter::advance(TextMeter *meter, QStringView text, Pen *pen) const
         return false;
     if (text.isEmpty())
         return true;
+    if (pen->last != meter)
+        pen->include(*meter);
     pen->last = meter;
     for (qsizetype tab = text.indexOf(QLatin1Char('\t')); tab >= 0; tab = text.indexOf(QLatin1Char('\t'))) {
         if (!meter->advance(text.first(tab), &pen->x))

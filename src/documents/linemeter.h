@@ -41,10 +41,16 @@ public:
     int tabStop() const { return m_tabStop; }
 
 private:
+    /// Goes along a line and takes the height of what it passes.
     struct Pen
     {
+        void include(const TextMeter &meter);
+
         qint64 x = 0;              ///< In 64ths of a pixel.
         TextMeter *last = nullptr; ///< Of the last character.
+        double ascent = 0;
+        double descent = 0;
+        double leading = 0;
     };
 
     /// What a format means for the width of text.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "documents/page.h"
 
-#include "annotations/annotation.h"
+#include "annotations/activeelement.h"
 #include "app/eventlog.h"
 #include "app/folders.h"
 #include "app/setting.h"
@@ -14,6 +14,7 @@
 #include "documents/warningbox.h"
 #include "persistence/iosystem.h"
 #include "syntax/syntaxhighlight.h"
+#include "tools/tool.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -154,6 +155,14 @@ void Page::setModified(bool modified)
     m_documentItem->setModified(modified);
 }
 
+void Page::markModified()
+{
+    const bool isNews = !isModified();
+    setModified(true);
+    if (isNews)
+        refreshUi();
+}
+
 void Page::newDocument()
 {
     m_documentItem->newDocument();
@@ -206,6 +215,7 @@ bool Page::setImageContents(const QString &fileName, const QString &link)
 
 bool Page::saveDocument(const QString &fileName, bool keepState)
 {
+    m_wantsOtherName = false;
     QString target = fileName;
     if (target.isEmpty() && !chooseTarget(&target))
         return false;
@@ -218,7 +228,7 @@ bool Page::saveDocument(const QString &fileName, bool keepState)
     return true;
 }
 
-bool Page::chooseTarget(QString *target) const
+bool Page::chooseTarget(QString *target)
 {
     *target = m_fileName;
     if (!hasAnnotations() || DocumentName::isAnnotatedFile(*target))
@@ -232,7 +242,13 @@ bool Page::chooseTarget(QString *target) const
     if (answer != QMessageBox::Yes)
         return false;
     *target = annotatedFileFor(*target);
-    return mayReplace(*target);
+    m_wantsOtherName = !mayReplace(*target);
+    return !m_wantsOtherName;
+}
+
+bool Page::wantsOtherName() const
+{
+    return m_wantsOtherName;
 }
 
 bool Page::mayReplace(const QString &path) const
@@ -257,6 +273,25 @@ void Page::addAnnotation(QGraphicsItem *item)
 {
     m_undoStack->push(new AddAnnotationCommand(this, item, nullptr));
     setModified(true);
+}
+
+void Page::addActiveElement(ActiveElement *element)
+{
+    addAnnotation(element);
+    if (DocumentHost *host = m_host.get())
+        host->registerActiveElement(element, this);
+}
+
+void Page::editActiveElement(ActiveElement *element, Qt::WindowFlags flags)
+{
+    const QPointer<Page> self(this);
+    // The press that asks for this was not meant for the tool, and the dialog takes its release.
+    if (Tool *tool = currentTool())
+        tool->abandonGesture();
+    m_pressPoint.reset();
+    DocumentHost *host = m_host.get();
+    if (host && host->editActiveElement(element, flags) && self)
+        markModified();
 }
 
 bool Page::containsItem(QGraphicsItem *item) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "annotations/tageditor.h"
 #include "documents/hostlink.h"
 #include "documents/markpointer.h"
 #include "documents/textformat.h"
@@ -8,6 +9,9 @@
 #include <QGraphicsScene>
 #include <QTextCursor>
 
+#include <optional>
+
+class ActiveElement;
 class Annotation;
 class DocumentItem;
 class PageView;
@@ -23,7 +27,7 @@ class Tool;
 /// Scene coordinates are pixels at 100 % zoom with the document's corner at the origin. A page keeps no list of its
 /// marks: the scene's items that cast to Annotation are the marks. Mouse events are read by the host's mode(), anew
 /// each time; without a host every page is in TextMode.
-class Page : public QGraphicsScene
+class Page : public QGraphicsScene, public TagEditor
 {
     Q_OBJECT
 
@@ -62,6 +66,8 @@ public:
 
     bool isModified() const;
     void setModified(bool modified);
+    /// Sets the page modified because of what the user is doing to it, and if that is news, tells the window.
+    void markModified();
 
     void newDocument();
     /// Fills the page from a file of any format. False, after a message, when the file could not be read.
@@ -76,12 +82,20 @@ public:
     /// False when the user cancelled or, after a message, when the file could not be written.
     bool saveDocument(const QString &fileName, bool keepState);
 
+    /// Whether the last save came to nothing because the user did not want another file replaced.
+    bool wantsOtherName() const;
+
     /// Whether a save may put a file at @p path: true if there is none, if it is this document's own, or if the user
     /// says so. Asks only where no save dialog has asked.
     bool mayReplace(const QString &path) const;
 
     /// Puts a new mark on the page as an undoable step. The page's undo stack shares in it from now on.
     void addAnnotation(QGraphicsItem *item);
+    /// The same for a tag, which also joins the window's list of tags.
+    void addActiveElement(ActiveElement *element);
+    /// Opens the window's dialog on a tag; one that the user accepts makes the document modified. Without a window
+    /// nothing happens.
+    void editActiveElement(ActiveElement *element, Qt::WindowFlags flags) override;
     bool containsItem(QGraphicsItem *item) const;
     /// Hidden marks count too. Takes no longer on pages with many marks.
     bool hasAnnotations() const;
@@ -136,6 +150,10 @@ public:
     double lastMouseY() const;
     double marginX() const;
     double marginY() const;
+    /// Ends what the left button is doing when its release will go elsewhere, to a box or a menu that comes up. A mark
+    /// under construction is finished as far as the mouse has come, a dragged one stays there; an eraser or a snapshot,
+    /// which act on the release, do not. Does nothing while the button is up.
+    void endGesture();
     /// Lets the window set anew what is enabled.
     void refreshUi();
 
@@ -153,16 +171,20 @@ protected:
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
     void drawForeground(QPainter *painter, const QRectF &rect) override;
+    /// Text that an input method brings, and what is dropped, is a change of the document like what is typed.
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void dropEvent(QGraphicsSceneDragDropEvent *event) override;
 
 private:
     int mode() const;
     Tool *currentTool() const;
     bool isEditableText() const;
     void moveInTransformMode(QGraphicsSceneMouseEvent *event);
+    void moveGrabbedItem(QGraphicsSceneMouseEvent *event);
     void finishGesture(QGraphicsSceneMouseEvent *event);
     void rememberMouse(const QPointF &scenePos);
     QList<Annotation *> selectedAnnotations() const;
-    bool chooseTarget(QString *target) const;
+    bool chooseTarget(QString *target);
     void setSaved(const QString &target);
     QString syntaxFile() const;
     void createHighlighter(const QString &syntaxFile);
@@ -178,8 +200,10 @@ private:
     QString m_imageLink;
     TextFormat m_textFormat;
     bool m_modified = false;
+    bool m_wantsOtherName = false;
     QTextCursor m_searchCursor;
     QPointF m_lastMouse;
+    std::optional<QPointF> m_pressPoint; ///< Where the left button went down, until it comes up; on the scene.
     bool m_annotationsVisible = true;
     DocumentKind m_kind = NoDocument;
     QRectF m_savedSize;

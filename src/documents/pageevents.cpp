@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the mouse, the clipboard commands and painting do on a page.
 #include "annotations/annotation.h"
-#include "documents/clipboardtext.h"
+#include "app/clipboardtext.h"
 #include "documents/cutcommand.h"
 #include "documents/documentitem.h"
 #include "documents/page.h"
@@ -14,7 +14,9 @@
 #include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsTextItem>
+#include <QInputMethodEvent>
 #include <QMenu>
+#include <QTextCursor>
 #include <QUndoStack>
 
 int Page::mode() const
@@ -39,6 +41,7 @@ void Page::mousePressEvent(QGraphicsSceneMouseEvent *event)
     rememberMouse(event->scenePos());
     if (event->button() != Qt::LeftButton)
         return;
+    m_pressPoint = event->scenePos();
     const int mode = this->mode();
     m_documentItem->setTextEditable(false);
     QGraphicsTextItem *textItem = m_documentItem->textItem();
@@ -61,7 +64,7 @@ void Page::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
     rememberMouse(event->scenePos());
     switch (mode()) {
     case TextMode:
-        QGraphicsScene::mouseMoveEvent(event);
+        moveGrabbedItem(event);
         break;
     case TransformMode:
         moveInTransformMode(event);
@@ -87,11 +90,40 @@ void Page::moveInTransformMode(QGraphicsSceneMouseEvent *event)
             m_view->setCursor(Qt::OpenHandCursor);
         }
     }
+    moveGrabbedItem(event);
+}
+
+/// A mark that is too thin to lie under the mouse, or that the mouse has left behind, moves too.
+void Page::moveGrabbedItem(QGraphicsSceneMouseEvent *event)
+{
+    const QGraphicsItem *item = mouseGrabberItem();
+    const QPointF before = item ? item->pos() : QPointF();
     QGraphicsScene::mouseMoveEvent(event);
+    if (item && item == mouseGrabberItem() && item->pos() != before)
+        markModified();
+}
+
+void Page::inputMethodEvent(QInputMethodEvent *event)
+{
+    const auto *text = dynamic_cast<QGraphicsTextItem *>(focusItem());
+    const bool replaces = event->replacementLength() > 0 ||
+                          (text && text->textCursor().hasSelection() && !event->preeditString().isEmpty());
+    if (text && text->textInteractionFlags().testFlag(Qt::TextEditable) &&
+        (replaces || !event->commitString().isEmpty()))
+        markModified();
+    QGraphicsScene::inputMethodEvent(event);
+}
+
+void Page::dropEvent(QGraphicsSceneDragDropEvent *event)
+{
+    QGraphicsScene::dropEvent(event);
+    if (event->isAccepted())
+        markModified();
 }
 
 void Page::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
+    m_pressPoint.reset();
     switch (mode()) {
     case TextMode:
     case TransformMode:
@@ -119,6 +151,21 @@ void Page::finishGesture(QGraphicsSceneMouseEvent *event)
         return;
     if (auto *item = dynamic_cast<QGraphicsItem *>(drawingTool->takeAnnotation()))
         addAnnotation(item);
+}
+
+void Page::endGesture()
+{
+    if (!m_pressPoint)
+        return;
+    Tool *tool = currentTool();
+    if (tool && !dynamic_cast<DrawingTool *>(tool))
+        tool->abandonGesture();
+    QGraphicsSceneMouseEvent release(QEvent::GraphicsSceneMouseRelease);
+    release.setButton(Qt::LeftButton);
+    release.setButtonDownScenePos(Qt::LeftButton, *m_pressPoint);
+    release.setScenePos(m_lastMouse);
+    release.setLastScenePos(m_lastMouse);
+    mouseReleaseEvent(&release);
 }
 
 void Page::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)

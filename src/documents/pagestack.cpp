@@ -178,7 +178,9 @@ bool PageStack::saveCurrent(int index)
         return true;
     if (page->fileName().isEmpty() || page->fileName() == DocumentName::unnamed)
         return saveAs(index);
-    page->saveDocument(QString(), false);
+    const bool saved = page->saveDocument(QString(), false);
+    if (!saved && page->wantsOtherName())
+        return saveAs(index);
     tellSaved(page->fileName());
     return true;
 }

@@ -5,6 +5,18 @@
 
 #include <QKeyEvent>
 
+namespace {
+
+/// Whether another window gets what the mouse does from now on: a modal one or a menu.
+bool takesMouseAway(const QEvent &event)
+{
+    return event.type() == QEvent::WindowBlocked ||
+           (event.type() == QEvent::FocusOut &&
+            static_cast<const QFocusEvent &>(event).reason() == Qt::PopupFocusReason);
+}
+
+} // namespace
+
 PageView::PageView(QGraphicsScene *scene, QWidget *parent)
     : QGraphicsView(scene, parent), m_page(dynamic_cast<Page *>(scene))
 {
@@ -37,10 +49,12 @@ void PageView::setZoom(int percent)
 
 bool PageView::event(QEvent *event)
 {
+    if (m_page && takesMouseAway(*event))
+        m_page->endGesture();
     if (event->type() == QEvent::KeyPress) {
         auto *keyEvent = static_cast<QKeyEvent *>(event);
         if (m_page && !keyEvent->text().isEmpty())
-            m_page->setModified(true);
+            m_page->markModified();
         if (keyEvent->key() == Qt::Key_Tab && m_page) {
             m_page->insertTab();
             keyEvent->accept();

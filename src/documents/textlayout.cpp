@@ -15,10 +15,8 @@
 
 namespace {
 
-/// Changes of up to so many lines are measured by shaping, which is exact whatever the text is.
+/// After changes of up to so many lines, formats are looked for on each of them, and shaped lines stay.
 constexpr int fewLines = 64;
-/// Longer lines are measured by table when they can be.
-constexpr int tableLength = 4096;
 /// So many QTextLayouts stay laid out; more than a screenful, so that none is laid out twice for one painting.
 constexpr size_t keptLayouts = 256;
 /// Painted lines to keep on either side of what was painted last, which may be no more than the line of the caret.
@@ -148,8 +146,8 @@ QRectF TextLayout::caretRect(int position) const
         return {};
     const int inBlock = position - block.position();
     if (LongLine *line = longLine(block))
-        return {margin() + line->caretX(block, inBlock), lineTop(block.blockNumber()), static_cast<double>(m_cursorWidth),
-                static_cast<double>(line->height())};
+        return {margin() + line->caretX(block, inBlock), lineTop(block.blockNumber()),
+                static_cast<double>(m_cursorWidth), static_cast<double>(line->height())};
     if (LongLine::isLong(block))
         return {};
     const QTextLayout *layout = laidOut(block);
@@ -378,10 +376,9 @@ std::vector<LineTable::Line> TextLayout::measureFew(BlockRange blocks)
             continue;
         }
         std::optional<LineTable::Line> line;
-        if (block.length() > tableLength && hasDirectionOfText(block) && layout->preeditAreaText().isEmpty())
+        if (hasDirectionOfText(block) && layout->preeditAreaText().isEmpty())
             line = m_meter.measure(block.text(), layout->formats());
         if (!line) {
-            // The caret is likely to be there and to ask for it next.
             layout->setCacheEnabled(true);
             line = layOut(layout, block);
             m_laidOut.push_back(number);

@@ -64,19 +64,12 @@ TextMeter::TextMeter(const QFont &font) : m_font(font)
     m_ascent = sample.line().ascent();
     m_descent = sample.line().descent();
     m_leading = sample.line().leading();
-    // Some fonts have a negative leading; it does not draw the next line nearer.
-    m_lineHeight = std::max(qCeil(m_ascent + m_descent + m_leading), qCeil(sample.line().height()));
     m_usable = hasHeightOf(Sample(QString(), font).line()) && hasHeightOf(Sample(QStringLiteral("\t"), font).line());
 }
 
 bool TextMeter::hasHeightOf(const QTextLine &line) const
 {
     return line.ascent() == m_ascent && line.descent() == m_descent && line.leading() == m_leading;
-}
-
-bool TextMeter::sameHeight(const TextMeter &other) const
-{
-    return m_ascent == other.m_ascent && m_descent == other.m_descent && m_leading == other.m_leading;
 }
 
 bool TextMeter::advance(QStringView text, qint64 *x)

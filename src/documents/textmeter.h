@@ -22,14 +22,12 @@ class TextMeter
 public:
     explicit TextMeter(const QFont &font);
 
-    /// Height of a line in this font in whole pixels, the space to the next line included.
-    int lineHeight() const { return m_lineHeight; }
+    /// Of any line in this font, in pixels.
     qreal ascent() const { return m_ascent; }
     qreal descent() const { return m_descent; }
     qreal leading() const { return m_leading; }
     /// False if lines without letters are not as high as those with some; advance() then knows nothing.
     bool isUsable() const { return m_usable; }
-    bool sameHeight(const TextMeter &other) const;
     /// Advances @p x over @p text, which holds no tab; false if something in it is not known.
     bool advance(QStringView text, qint64 *x);
     /// How far the glyph of @p character, which advance() knew, reaches over its advance to the right.
@@ -63,7 +61,6 @@ private:
     qreal m_ascent = 0;
     qreal m_descent = 0;
     qreal m_leading = 0;
-    int m_lineHeight = 0;
     bool m_usable = false;
     std::array<Glyph, end> m_glyphs;
     std::array<int, asciiEnd * asciiEnd> m_asciiPairs;

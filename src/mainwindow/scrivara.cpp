@@ -129,12 +129,15 @@ void Scrivara::centreOnScreen()
         move(x, y);
 }
 
+/// Names may be relative. As they would be shown and stored, they must not be: the next run starts elsewhere, and a
+/// file opened by its full name must be found to be open.
 void Scrivara::openListedFiles(const QStringList &files)
 {
     for (qsizetype i = 0; i < files.size(); ++i) {
         (logInfo << "Input file [" << static_cast<double>(i) << "]: " << files.at(i).toLatin1().constData()).eol(0);
-        if (!activateDocument(files.at(i)))
-            openDocument(files.at(i));
+        const QString path = QDir::cleanPath(QFileInfo(files.at(i)).absoluteFilePath());
+        if (!activateDocument(path))
+            openDocument(path);
     }
     if (!files.isEmpty())
         updateCurrentState();
@@ -264,12 +267,12 @@ void Scrivara::updateCurrentState()
 void Scrivara::applyDocumentColors(Page *page)
 {
     const QSettings settings;
-    // What is no colour would show as black, text and background alike.
-    const QColor text(settingOr(settings, QStringLiteral("PageView/DefaultTextColor"), QStringLiteral("black")));
-    page->setTextColor(text.isValid() ? text : QColor(Qt::black));
+    // A name of no colour is handed on as it is; the invalid colour shows as black.
+    page->setTextColor(
+        QColor(settingOr(settings, QStringLiteral("PageView/DefaultTextColor"), QStringLiteral("black"))));
     (logTrace << "Updating text color").eol(0);
-    const QColor background(settingOr(settings, QStringLiteral("PageView/DefaultBgColor"), QStringLiteral("white")));
-    page->setBackgroundBrush(QBrush(background.isValid() ? background : QColor(Qt::white)));
+    page->setBackgroundBrush(
+        QColor(settingOr(settings, QStringLiteral("PageView/DefaultBgColor"), QStringLiteral("white"))));
     (logTrace << "Updating background color").eol(0);
 }
 

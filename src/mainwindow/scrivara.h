@@ -5,8 +5,10 @@
 #include "documents/documenthost.h"
 #include "mainwindow/mailprocess.h"
 #include "persistence/paperfile.h"
+#include "statistics/statisticshost.h"
 #include "tools/toolhost.h"
 #include "ui_mainwindow.h"
+#include "widgets/taghost.h"
 #include "widgets/viewhost.h"
 
 #include <QColor>
@@ -21,7 +23,10 @@
 #include <span>
 
 class AboutDialog;
+class ActiveElementDialog;
+class ActiveElementsList;
 class BracketTool;
+class ConfigDialog;
 class DrawingTool;
 class EraserTool;
 class FullscreenDialog;
@@ -42,6 +47,7 @@ class QtColorPicker;
 class QtToolBarManager;
 class ScreenShotTool;
 class ShapeTool;
+class StatisticsDialog;
 class TextBoxTool;
 class ViewModeDialog;
 struct WindowLayout;
@@ -52,7 +58,13 @@ struct WindowLayout;
 ///
 /// Widgets and actions belong to the window through Qt's parents. The tools outlive it: they go with the
 /// application object.
-class Scrivara : public QMainWindow, private Ui::MainWindow, public DocumentHost, public ToolHost, public ViewHost
+class Scrivara : public QMainWindow,
+                 private Ui::MainWindow,
+                 public DocumentHost,
+                 public ToolHost,
+                 public ViewHost,
+                 public TagHost,
+                 public StatisticsHost
 {
     Q_OBJECT
 
@@ -71,9 +83,9 @@ public:
     Tool *currentTool() const override;
     int mode() const override;
     /// Null until the first document is opened or made.
-    PageStack *pageStack() const;
+    PageStack *pageStack() const override;
     /// The document in front, or null.
-    Page *currentPage() const;
+    Page *currentPage() const override;
 
     void toggleFullScreen() override;
     /// Full screen as the program means it: all bars are hidden. Hides QWidget's notion of the window's state.
@@ -94,7 +106,8 @@ public:
     void clearAnnotationClipboard() override;
     void addToAnnotationClipboard(Annotation *annotation) override;
     void registerActiveElement(ActiveElement *element, Page *page) override;
-    void focusActiveElement(Annotation *element, Page *page);
+    bool editActiveElement(ActiveElement *element, Qt::WindowFlags flags) override;
+    void focusActiveElement(Annotation *element, Page *page) override;
     /// The command of the system's mail client, which is stored in the settings; "(empty)" if it has none.
     QString detectMailClient();
 
@@ -218,6 +231,7 @@ private:
     void applyDocumentColors(Page *page);
     void applyTabsPosition();
     void showTitle(const QString &name, bool modified);
+    void centreOnWindow(QDialog *dialog) const;
 
     void setEnabled(std::span<const ActionMember> actions, bool enabled);
     bool canCopy() const;
@@ -270,7 +284,11 @@ private:
     QToolButton *m_lockButton = nullptr;
     QToolButton *m_syntaxButton = nullptr; ///< Source of truth for highlighting during the run.
 
-    AboutDialog *m_aboutDialog = nullptr; ///< Made on first use.
+    AboutDialog *m_aboutDialog = nullptr;                 ///< Made on first use.
+    StatisticsDialog *m_statisticsDialog = nullptr;       ///< Made on first use.
+    ActiveElementDialog *m_activeElementDialog = nullptr; ///< For new tags.
+    ActiveElementsList *m_activeElementsList = nullptr;
+    ConfigDialog *m_configDialog = nullptr; ///< Made on first use.
     FullscreenDialog *m_fullscreenDialog = nullptr;
     ViewModeDialog *m_viewModeDialog = nullptr;
     QtToolBarManager *m_toolBarManager = nullptr; ///< Knows the four bars that the user may rearrange.

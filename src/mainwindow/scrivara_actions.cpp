@@ -2,12 +2,13 @@
 #include "mainwindow/scrivara.h"
 
 #include "annotations/annotation.h"
+#include "app/clipboardtext.h"
 #include "app/eventlog.h"
-#include "documents/clipboardtext.h"
 #include "documents/page.h"
 #include "documents/pageview.h"
 #include "mainwindow/actiontables.h"
 #include "mainwindow/zoomsteps.h"
+#include "widgets/activeelementslist.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -116,8 +117,8 @@ void Scrivara::createActions()
     for (QMenu *Form::*menu : menusThatUpdate)
         connect(this->*menu, &QMenu::aboutToShow, this, &Scrivara::updateMenus);
     connect(menuShowToolBars, &QMenu::aboutToShow, this, &Scrivara::updateMenuToolBars);
-    setupShortcuts();
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this, [this] { m_clipboardHasText.reset(); });
+    setupShortcuts();
     TRACE_LEAVE_ON(logInfo);
 }
 
@@ -270,6 +271,7 @@ void Scrivara::updatePageActions()
         (this->*menu)->setEnabled(hasPage);
     actionSave->setEnabled(hasPage && page->isModified());
     actionRemoveAllAnnotations->setEnabled(hasPage && page->hasAnnotations());
+    actionShowActiveElementsList->setChecked(m_activeElementsList->isVisible());
 }
 
 void Scrivara::updateEditActions()

@@ -174,6 +174,10 @@ bool Scrivara::openDocument(const QString &path)
     page->highlightSyntax(m_syntaxButton->isChecked());
     page->setPageView(view);
     page->setModified(false);
+    // Tags from the file have marked the page meanwhile.
+    showTitle(path, false);
+    updateMenus();
+    view->setFocus(); // else the keyboard would stay with a button of a tool bar
     view->centerOn(1.0, 1.0);
     TRACE_LEAVE;
     return true;

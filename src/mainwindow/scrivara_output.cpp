@@ -7,6 +7,7 @@
 #include "documents/page.h"
 #include "documents/warningbox.h"
 #include "persistence/privatefile.h"
+#include "statistics/statisticsdialog.h"
 #include "widgets/aboutdialog.h"
 
 #include <QDesktopServices>
@@ -51,6 +52,19 @@ void Scrivara::gotoHomePage()
     TRACE_LEAVE;
 }
 
+void Scrivara::showStatistics()
+{
+    TRACE_ENTER;
+    (logTrace << "Show text statistics").eol(0);
+    if (m_statisticsDialog == nullptr) {
+        m_statisticsDialog = new StatisticsDialog(this);
+        m_statisticsDialog->setWindowFlags(Qt::Drawer | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                           Qt::CustomizeWindowHint);
+    }
+    m_statisticsDialog->exec();
+    TRACE_LEAVE;
+}
+
 void Scrivara::showAboutBox()
 {
     TRACE_ENTER;
@@ -62,8 +76,12 @@ void Scrivara::showAboutBox()
 
 void Scrivara::currFileToPrinter(QPrinter *printer)
 {
-    if (Page *page = currentPage())
-        page->printPage(printer);
+    Page *page = currentPage();
+    if (page == nullptr)
+        return;
+    TRACE_ENTER;
+    page->printPage(printer);
+    TRACE_LEAVE;
 }
 
 void Scrivara::printFile()
@@ -189,17 +207,3 @@ QString Scrivara::detectMailClient()
     QSettings().setValue(QStringLiteral("General/EmailClient"), client);
     return client;
 }
-
-// Commands whose action is on offer already but whose subsystem is not part of the program yet: they change nothing.
-
-void Scrivara::showConfigDialog(int /*tabNum*/) {}
-
-void Scrivara::showStatistics() {}
-
-void Scrivara::showActiveElementsList(bool /*show*/) {}
-
-void Scrivara::addActiveElement(int /*id*/) {}
-
-void Scrivara::registerActiveElement(ActiveElement * /*element*/, Page * /*page*/) {}
-
-void Scrivara::focusActiveElement(Annotation * /*element*/, Page * /*page*/) {}

@@ -3,6 +3,8 @@
 
 #include "app/eventlog.h"
 #include "app/setting.h"
+#include "documents/page.h"
+#include "settings/configdialog.h"
 #include "widgets/fullscreendialog.h"
 #include "widgets/qtcolorpicker.h"
 #include "widgets/qttoolbarmanager.h"
@@ -12,6 +14,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -31,8 +34,11 @@ void Scrivara::loadSettings()
 {
     TRACE_ENTER;
     const QSettings settings;
-    restoreState(settingOr(settings, QStringLiteral("General/WindowState"), QByteArray()), 0);
+    const QByteArray windowState = settingOr(settings, QStringLiteral("General/WindowState"), QByteArray());
+    restoreState(windowState, 0);
     m_toolBarManager->restoreState(settingOr(settings, QStringLiteral("General/ToolBarsState"), QByteArray()), 0);
+    // The user's own bars were not there before; now they go to their places too.
+    restoreState(windowState, 0);
     m_appLanguage = settingOr(settings, QStringLiteral("Other/AppLanguage"), QStringLiteral("default"));
     // Unlike switchLanguage(): at start "default" is English, whatever the system speaks.
     const QString locale = m_appLanguage == QLatin1String("default") ? QStringLiteral("en") : m_appLanguage;
@@ -119,4 +125,31 @@ void Scrivara::showWindow()
             part->windowHandle()->setTransientParent(windowHandle());
         part->show();
     }
+}
+
+void Scrivara::showConfigDialog(int tabNum)
+{
+    TRACE_ENTER;
+    (logTrace << "Show config dialog").eol(0);
+    if (m_configDialog == nullptr)
+        m_configDialog = new ConfigDialog(tabNum, this);
+    else
+        m_configDialog->selectPage(tabNum);
+    const Page *page = currentPage();
+    m_configDialog->setDocumentFont(page != nullptr ? std::optional(page->documentFont()) : std::nullopt);
+    centreOnWindow(m_configDialog);
+    if (m_configDialog->exec() == QDialog::Accepted) {
+        updateCurrentState();
+        const QFont font = m_configDialog->documentFont();
+        updateDocFont(font.family(), font.pointSize());
+    }
+    TRACE_LEAVE;
+}
+
+/// A dialog that is as wide or as high as the window stays where the system puts it.
+void Scrivara::centreOnWindow(QDialog *dialog) const
+{
+    const QPoint offset((geometry().width() - dialog->width()) / 2, (geometry().height() - dialog->height()) / 2);
+    if (offset.x() > 0 && offset.y() > 0)
+        dialog->move(pos() + offset);
 }

@@ -14,6 +14,13 @@
 
 namespace {
 
+/// The text of a control that shows none: for the mouse and for screen readers.
+void describe(QWidget *control, const QString &text)
+{
+    control->setToolTip(text);
+    control->setAccessibleName(text);
+}
+
 using Form = Ui_MainWindow;
 
 struct MenuText
@@ -176,16 +183,17 @@ void Scrivara::retranslateToolBars()
     m_searchPrevButton->setText(tr("Previous"));
     m_searchNextButton->setText(tr("Next"));
     // The buttons show icons only.
-    m_searchCloseButton->setToolTip(tr("Close"));
-    m_searchPrevButton->setToolTip(tr("Previous"));
-    m_searchNextButton->setToolTip(tr("Next"));
+    describe(m_searchCloseButton, tr("Close"));
+    describe(m_searchPrevButton, tr("Previous"));
+    describe(m_searchNextButton, tr("Next"));
+    m_searchBox->setAccessibleName(tr("Find"));
     m_searchCaseBox->setText(tr("Case Sensitive"));
     m_searchWordsBox->setText(tr("Whole Words"));
-    m_zoomBox->setToolTip(tr("Actual Page Size"));
-    m_lineColorPicker->setToolTip(tr("Line Color"));
-    m_fillColorPicker->setToolTip(tr("Fill Color"));
-    m_lockButton->setToolTip(tr("Unlock Document"));
-    m_syntaxButton->setToolTip(tr("Highlight Syntax"));
+    describe(m_zoomBox, tr("Actual Page Size"));
+    describe(m_lineColorPicker, tr("Line Color"));
+    describe(m_fillColorPicker, tr("Fill Color"));
+    describe(m_lockButton, tr("Unlock Document"));
+    describe(m_syntaxButton, tr("Highlight Syntax"));
 }
 
 void Scrivara::loadTranslations(const QString &locale)

@@ -12,7 +12,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSignalMapper>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -130,6 +129,8 @@ void Scrivara::createSearchToolBar()
 
     m_searchBox = new QComboBox(m_searchToolBar);
     m_searchBox->setEditable(true);
+    // It would put an older search in the place of its first letters, and take "One" for "one".
+    m_searchBox->setCompleter(nullptr);
     m_searchBox->setMinimumWidth(200);
     connect(m_searchBox, &QComboBox::activated, this, &Scrivara::searchNext);
 
@@ -227,33 +228,5 @@ void Scrivara::createPopupMenus()
     TRACE_ENTER_ON(logInfo);
     m_popupMenu = new QMenu(this);
     resetPopupMenu();
-    TRACE_LEAVE_ON(logInfo);
-}
-
-/// A menu of the five kinds of tags, which stands in no other menu: tags enter a document only through a file.
-void Scrivara::createActiveElementsUi()
-{
-    TRACE_ENTER_ON(logInfo);
-    static constexpr struct
-    {
-        const char *icon;
-        const char *text;
-    } tags[]{
-        {":/active_tags/idea.png", QT_TR_NOOP("Idea")},
-        {":/active_tags/note.png", QT_TR_NOOP("Note")},
-        {":/active_tags/question.png", QT_TR_NOOP("Question")},
-        {":/active_tags/important.png", QT_TR_NOOP("Important")},
-        {":/active_tags/bug.png", QT_TR_NOOP("Bug")},
-    };
-    auto *tagMenu = new QMenu(tr("Add Active Tag"), this);
-    auto *mapper = new QSignalMapper(this);
-    int id = 0;
-    for (const auto &tag : tags) {
-        auto *action = new QAction(QIcon(QString::fromLatin1(tag.icon)), tr(tag.text), this);
-        tagMenu->addAction(action);
-        mapper->setMapping(action, id++);
-        connect(action, &QAction::triggered, mapper, qOverload<>(&QSignalMapper::map));
-    }
-    connect(mapper, &QSignalMapper::mappedInt, this, &Scrivara::addActiveElement);
     TRACE_LEAVE_ON(logInfo);
 }

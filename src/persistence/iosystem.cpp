@@ -23,12 +23,12 @@ bool isAmong(const QList<QByteArray> &formats, const QString &fileName)
     return formats.contains(QFileInfo(fileName).suffix().toLower().toLatin1());
 }
 
-/// Whether @p fileName is the picture that the page shows, in a format that can only be read. Saved by its suffix
-/// alone it would become a text file, an empty one.
-bool isOwnUnwritablePicture(const Page *page, const QString &fileName)
+/// Whether @p fileName is the picture that the page shows. In a format that can only be read it would become a text
+/// file by its suffix, an empty one.
+bool isOwnPicture(const Page *page, const QString &fileName)
 {
-    return page->documentKind() == Page::ImageDocument && QFileInfo(fileName) == QFileInfo(page->imageLink()) &&
-           !isAmong(QImageWriter::supportedImageFormats(), fileName);
+    const QFileInfo target(fileName);
+    return page->documentKind() == Page::ImageDocument && target.exists() && target == QFileInfo(page->imageLink());
 }
 
 } // namespace
@@ -54,14 +54,14 @@ bool IoSystem::save(Page *page, const QString &fileName)
 {
     if (!page)
         return false;
-    if (isOwnUnwritablePicture(page, fileName)) {
-        (logTrace << "Picture format cannot be written").eol(0);
-        return false;
-    }
     if (DocumentName::isAnnotatedFile(fileName))
         return saveOxn(page, fileName);
     if (isAmong(QImageWriter::supportedImageFormats(), fileName))
         return saveImage(page, fileName);
+    if (isOwnPicture(page, fileName)) {
+        (logTrace << "Picture format cannot be written").eol(0);
+        return false;
+    }
     return saveText(page, fileName);
 }
 

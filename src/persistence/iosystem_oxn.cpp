@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Annotated files.
+#include "annotations/activeelement.h"
 #include "app/eventlog.h"
 #include "documents/linenumbers.h"
 #include "documents/page.h"
@@ -15,6 +16,19 @@
 #include <QFileInfo>
 #include <QFont>
 #include <QGraphicsItem>
+
+namespace {
+
+/// The page takes the mark. A tag comes as if the user had added it, undoably; all others have always been there.
+void addMark(Page *page, Annotation *mark)
+{
+    if (auto *tag = dynamic_cast<ActiveElement *>(mark))
+        page->addActiveElement(tag);
+    else
+        page->putOnScene(dynamic_cast<QGraphicsItem *>(mark));
+}
+
+} // namespace
 
 bool IoSystem::loadOxn(Page *page, const QString &fileName)
 {
@@ -52,8 +66,13 @@ bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, 
     page->setSavedSize(QRectF(QPointF(0, 0), contents.size));
     page->setDocumentFont(QFont(contents.fontFamily, contents.fontSize));
     (logTrace << " total # of elements: " << contents.nodeCount).eol(0);
+    // Nodes that mean nothing are progress too.
+    auto pass = [&, node = 0](int end) mutable {
+        for (; node < end; ++node)
+            progress.show(int(float(node) / float(contents.nodeCount) * 100.0));
+    };
     for (OxnContents::Part &part : contents.parts) {
-        progress.show(int(float(part.index) / float(contents.nodeCount) * 100.0));
+        pass(part.index + 1);
         switch (part.kind) {
         case OxnContents::Text: {
             // Nothing ends the last line, so that a line feed at the text's end starts one more.
@@ -72,10 +91,11 @@ bool IoSystem::show(OxnContents &contents, Page *page, const QString &fileName, 
             page->setImageContents(fileName, part.text);
             break;
         case OxnContents::Mark:
-            page->putOnScene(dynamic_cast<QGraphicsItem *>(part.mark.release()));
+            addMark(page, part.mark.release());
             break;
         }
     }
+    pass(contents.nodeCount);
     return true;
 }
 

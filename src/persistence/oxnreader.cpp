@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "persistence/oxnreader.h"
 
+#include "annotations/activeelement.h"
 #include "annotations/bracketann.h"
 #include "annotations/elementreader.h"
 #include "annotations/ellipseann.h"
@@ -9,7 +10,6 @@
 #include "annotations/markitem.h"
 #include "annotations/penline.h"
 #include "annotations/rectangleann.h"
-#include "annotations/storedtag.h"
 #include "annotations/textboxann.h"
 #include "annotations/xmlnames.h"
 
@@ -35,6 +35,15 @@ std::unique_ptr<Annotation> makeTextBox()
     return box;
 }
 
+/// The same, and give the focus.
+std::unique_ptr<Annotation> makeTag()
+{
+    auto tag = std::make_unique<ActiveElement>();
+    MarkItem::makeHandy(*tag);
+    tag->setFlag(QGraphicsItem::ItemIsFocusable);
+    return tag;
+}
+
 struct MarkElement
 {
     QLatin1String tag;
@@ -46,7 +55,7 @@ constexpr std::array markElements{
     MarkElement{XmlNames::penLine, makeMark<PenLine>},    MarkElement{XmlNames::markerLine, makeMark<MarkerLine>},
     MarkElement{XmlNames::bracket, makeMark<BracketAnn>}, MarkElement{XmlNames::line, makeMark<LineAnn>},
     MarkElement{XmlNames::ellipse, makeMark<EllipseAnn>}, MarkElement{XmlNames::rectangle, makeMark<RectangleAnn>},
-    MarkElement{XmlNames::textBox, makeTextBox},          MarkElement{XmlNames::activeTag, makeMark<StoredTag>},
+    MarkElement{XmlNames::textBox, makeTextBox},          MarkElement{XmlNames::activeTag, makeTag},
 };
 
 std::unique_ptr<Annotation> makeMarkFor(QStringView tag)
@@ -70,19 +79,28 @@ void OxnReader::visitRoot(const ElementReader &root)
     m_contents.fontSize = root.integer(XmlNames::fontSize, 10);
 }
 
-void OxnReader::visitElement(ElementReader &element, int index)
+bool OxnReader::visitElement(ElementReader &element, int index)
 {
+    // Each is shown when its turn comes, which costs a picture's decoding, a box about a missing one, or a walk over
+    // all marks. No file of ours has more than two.
+    constexpr int mostDocuments = 16;
     if (!m_contents.isOxn)
-        return;
+        return true;
     if (element.tag() == XmlNames::textContents) {
-        m_contents.parts.push_back({OxnContents::Text, index, element.readText(), nullptr});
+        takeDocument(OxnContents::Text, index, element.readText());
     } else if (element.tag() == XmlNames::imageContents) {
-        const QString link = element.string(XmlNames::imageLink, QLatin1String("[NULL]"));
-        m_contents.parts.push_back({OxnContents::Image, index, link, nullptr});
+        takeDocument(OxnContents::Image, index, element.string(XmlNames::imageLink, QLatin1String("[NULL]")));
     } else if (auto mark = makeMarkFor(element.tag())) {
         mark->read(element);
         m_contents.parts.push_back({OxnContents::Mark, index, QString(), std::move(mark)});
     }
+    return m_documents <= mostDocuments;
+}
+
+void OxnReader::takeDocument(OxnContents::Kind kind, int index, const QString &text)
+{
+    ++m_documents;
+    m_contents.parts.push_back({kind, index, text, nullptr});
 }
 
 void OxnReader::visitEnd(int count)

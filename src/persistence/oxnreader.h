@@ -14,9 +14,12 @@ public:
 
 protected:
     void visitRoot(const ElementReader &root) override;
-    void visitElement(ElementReader &element, int index) override;
+    bool visitElement(ElementReader &element, int index) override;
     void visitEnd(int count) override;
 
 private:
+    void takeDocument(OxnContents::Kind kind, int index, const QString &text);
+
     OxnContents m_contents;
+    int m_documents = 0; ///< Elements with a text or a picture so far.
 };

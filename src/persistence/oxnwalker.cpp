@@ -36,7 +36,8 @@ void OxnWalker::walkChildren(QXmlStreamReader &xml)
         switch (xml.readNext()) {
         case QXmlStreamReader::StartElement: {
             StreamElementReader element(xml);
-            visitElement(element, count++);
+            if (!visitElement(element, count++))
+                xml.raiseError(QStringLiteral("there are too many elements of a kind"));
             element.leaveChild();
             break;
         }

@@ -26,8 +26,9 @@ public:
 protected:
     /// The root element: only its attributes are to be read.
     virtual void visitRoot(const ElementReader &root) = 0;
-    /// A child of the root. @p index counts from 0 over all kinds of nodes, comments included.
-    virtual void visitElement(ElementReader &element, int index) = 0;
+    /// A child of the root. @p index counts from 0 over all kinds of nodes, comments included. False if it is one too
+    /// many: the walk then ends and fails.
+    virtual bool visitElement(ElementReader &element, int index) = 0;
     /// All children have been visited; @p count nodes of all kinds.
     virtual void visitEnd(int count) = 0;
 

@@ -43,7 +43,7 @@ protected:
         isOxn = !root.string(XmlNames::fileVersion, QLatin1String()).isEmpty();
     }
 
-    void visitElement(ElementReader &element, int /*index*/) override
+    bool visitElement(ElementReader &element, int /*index*/) override
     {
         if (element.tag() == XmlNames::textContents)
             text = element.readText();
@@ -51,6 +51,7 @@ protected:
             link = element.string(XmlNames::imageLink, QLatin1String());
         else
             markElements += countElements(element);
+        return true;
     }
 
     void visitEnd(int /*count*/) override {}
@@ -107,31 +108,36 @@ void OxnWriter::writeRootAttributes(ElementWriter &writer) const
     writer.writeAttribute(XmlNames::fileType, m_page.fileType());
 }
 
-QString OxnWriter::imageLink() const
-{
-    // A picture that could not be loaded leaves the document without a kind; its link is kept all the same.
-    return m_page.documentKind() == Page::TextDocument ? QString() : m_page.imageLink();
-}
-
+/// A document made by hand can have a text and a picture. What comes last makes it a document of one kind or the other.
 void OxnWriter::writeContents(ElementWriter &writer) const
 {
-    if (m_page.documentKind() == Page::TextDocument) {
-        writer.startElement(XmlNames::textContents);
-        writer.writeCData(m_page.plainText());
-        writer.endElement();
-    } else if (!imageLink().isEmpty()) {
-        writer.startElement(XmlNames::imageContents);
-        writer.writeAttribute(XmlNames::imageLink, imageLink());
-        writer.endElement();
-    }
+    const bool isText = m_page.documentKind() == Page::TextDocument;
+    if (!isText && !m_page.plainText().isEmpty())
+        writeText(writer);
+    // Also of a picture that could not be loaded.
+    if (!m_page.imageLink().isEmpty())
+        writeImageLink(writer);
+    if (isText)
+        writeText(writer);
+}
+
+void OxnWriter::writeText(ElementWriter &writer) const
+{
+    writer.startElement(XmlNames::textContents);
+    writer.writeCData(m_page.plainText());
+    writer.endElement();
+}
+
+void OxnWriter::writeImageLink(ElementWriter &writer) const
+{
+    writer.startElement(XmlNames::imageContents);
+    writer.writeAttribute(XmlNames::imageLink, m_page.imageLink());
+    writer.endElement();
 }
 
 bool OxnWriter::check(QIODevice &device) const
 {
     OxnSummary summary;
-    if (!summary.walk(device))
-        return false;
-    const bool isText = m_page.documentKind() == Page::TextDocument;
-    return summary.isOxn && summary.text == (isText ? m_page.plainText() : QString()) &&
-           summary.link == ElementWriter::attributeText(imageLink()) && summary.markElements == m_elementCount;
+    return summary.walk(device) && summary.isOxn && summary.text == m_page.plainText() &&
+           summary.link == ElementWriter::attributeText(m_page.imageLink()) && summary.markElements == m_elementCount;
 }

@@ -23,7 +23,8 @@ public:
 private:
     void writeRootAttributes(ElementWriter &writer) const;
     void writeContents(ElementWriter &writer) const;
-    QString imageLink() const;
+    void writeText(ElementWriter &writer) const;
+    void writeImageLink(ElementWriter &writer) const;
 
     const Page &m_page;
     int m_elementCount = 0; ///< Elements that write() has written for marks.

@@ -38,6 +38,9 @@ QImage paintPicture(const QSize &size, const std::function<void(QPainter *painte
 QImage renderPicture(QGraphicsScene *scene)
 {
     const QRectF source = scene->sceneRect();
+    // Marks can make a scene larger than any number of pixels.
+    if (!(source.width() < pixelBytesLimit && source.height() < pixelBytesLimit))
+        return {};
     const QSize size(int(source.width()), int(source.height()));
     // The scene is a fraction of a pixel larger than the picture; its proportions are kept.
     const double scale = std::min(size.width() / source.width(), size.height() / source.height());

@@ -87,11 +87,18 @@ bool SyntaxFile::load(const QString &fileName)
         warnAboutDefinition(tr("Can't open syntax file: %1 !").arg(path()));
         return false;
     }
-    const std::optional<QDomDocument> document = parseDefinition(*m_loaded);
-    if (!document) {
+    if (!parse(*m_loaded)) {
         warnAboutDefinition(tr("Format of syntax file '%1' is wrong!").arg(path()));
         return false;
     }
+    return true;
+}
+
+bool SyntaxFile::parse(const QByteArray &xml)
+{
+    const std::optional<QDomDocument> document = parseDefinition(xml);
+    if (!document)
+        return false;
     const QString tag = QStringLiteral("element");
     QDomElement element = document->documentElement().firstChildElement(tag);
     for (; !element.isNull(); element = element.nextSiblingElement(tag)) {
@@ -148,5 +155,7 @@ QTextCharFormat &SyntaxFile::format(Group group)
 /// Whatever the name was built from, only its file-name part is looked up: no definition lies outside the folder.
 QString SyntaxFile::path() const
 {
-    return dataFolder(QStringLiteral("syntax")) + QFileInfo(m_fileName).fileName();
+    // Asked for once: each request is a line in the record of what the program did.
+    static const QString folder = dataFolder(QStringLiteral("syntax"));
+    return folder + QFileInfo(m_fileName).fileName();
 }

@@ -35,6 +35,8 @@ public:
     /// False if the file is missing, cannot be opened or is not a harmless XML file; a message box has said so then,
     /// and the object is unchanged but for its file name.
     bool load(const QString &fileName);
+    /// The part of load() that reads @p xml, the bytes of a file. Shows no message.
+    bool parse(const QByteArray &xml);
     /// Whether the file is still as the last load found it, be that good, damaged or missing: loading again would only
     /// say the same. Shows no message.
     bool isUpToDate() const;
@@ -42,14 +44,14 @@ public:
     void reset();
 
     QString fileName() const;
+    /// Where the file lies or would lie.
+    QString path() const;
     const QVector<QString> &patterns(Group group) const;
     QVector<QString> &patterns(Group group);
     const QTextCharFormat &format(Group group) const;
     QTextCharFormat &format(Group group);
 
 private:
-    QString path() const;
-
     QString m_fileName;
     std::array<QVector<QString>, groupCount> m_patterns;
     std::array<QTextCharFormat, groupCount> m_formats;

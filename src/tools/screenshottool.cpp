@@ -154,7 +154,7 @@ void ScreenShotTool::abandonGesture()
         return;
     m_dragging = false;
     showInStatusBar(QString());
-    clear();
+    clearSelection();
 }
 
 /// Leaves the tool if it is for one picture only, and takes the dragged area off the page.
@@ -162,10 +162,10 @@ void ScreenShotTool::finish()
 {
     if (m_useOnce && m_host)
         m_host->restorePreviousTool();
-    clear();
+    clearSelection();
 }
 
-void ScreenShotTool::clear()
+void ScreenShotTool::clearSelection()
 {
     m_selection = QRectF();
     if (m_page)

@@ -41,7 +41,7 @@ private:
     void toFile(const Snapshot &snapshot) const;
     void toMail(const Snapshot &snapshot) const;
     void finish();
-    void clear();
+    void clearSelection();
 
     ToolHost *m_host;
     QPointer<Page> m_page; ///< Page of the gesture.

@@ -7,6 +7,7 @@
 #include <QDesktopServices>
 #include <QEvent>
 #include <QFile>
+#include <QMenu>
 #include <QTextStream>
 #include <QUrl>
 
@@ -23,6 +24,14 @@ AboutDialog::AboutDialog(QWidget *parent, Qt::WindowFlags flags)
     m_ui->textBrowser->setPalette(browserPalette);
     m_ui->textBrowser->document()->setDefaultStyleSheet(QStringLiteral("a { color: #00557f; }"));
     lightenScrollBars(m_ui->textBrowser);
+    // A menu of the browser's own would have its light background without its dark text.
+    m_ui->textBrowser->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_ui->textBrowser, &QWidget::customContextMenuRequested, this, [this](const QPoint &position) {
+        QMenu *menu = m_ui->textBrowser->createStandardContextMenu(position);
+        menu->setParent(this, menu->windowFlags());
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->popup(m_ui->textBrowser->viewport()->mapToGlobal(position));
+    });
     m_ui->textBrowser->setOpenLinks(true);
     m_ui->textBrowser->setOpenExternalLinks(true);
 

@@ -87,6 +87,7 @@ void QtColorPicker::setCurrentColor(const QColor &col)
         return;
     if (!m_popup->find(col))
         m_popup->insertCustomColor(col);
+    m_firstInserted = true;
     makeCurrent(col);
     m_popup->hide();
     m_popup->find(col)->setSelected(true);

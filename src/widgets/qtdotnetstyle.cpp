@@ -10,6 +10,8 @@
 #include <QStyleOptionMenuItem>
 #include <QToolBar>
 
+#include <cmath>
+
 namespace {
 
 /// Whether the widget lies in a tool bar or a dock widget.
@@ -44,10 +46,19 @@ QColor mixed(const QColor &first, const QColor &second, int percentOfSecond)
     return {part(first.red(), second.red()), part(first.green(), second.green()), part(first.blue(), second.blue())};
 }
 
-/// Black or white, whichever is easier to read on @p background.
+/// The relative luminance of WCAG 2, 0 to 1.
+double luminance(const QColor &color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// Black or white, whichever has the greater contrast to @p background: (L + 0.05) / 0.05 against 1.05 / (L + 0.05).
 QColor readableOn(const QColor &background)
 {
-    return qGray(background.rgb()) > 127 ? Qt::black : Qt::white;
+    return luminance(background) > std::sqrt(1.05 * 0.05) - 0.05 ? Qt::black : Qt::white;
 }
 
 QLinearGradient gradientBetween(QPointF start, QPointF end, const QColor &first, const QColor &last)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "annotations/activeelement.h"
 #include "annotations/bracketann.h"
 #include "annotations/ellipseann.h"
 #include "annotations/lineann.h"
@@ -80,6 +81,20 @@ Annotation *typicalTextBox()
     return box;
 }
 
+Annotation *typicalTag()
+{
+    auto *tag = atPlace(new ActiveElement);
+    tag->setCategory(4);
+    tag->setPlainText(QStringLiteral("zażółć\n\"<tag>\" & co\f"));
+    tag->setAuthor(QStringLiteral("Zoë \"Z\" <z@example>"));
+    tag->setBackground(QColor(10, 20, 30));
+    tag->setDefaultTextColor(QColor(50, 60, 70, 80));
+    tag->setShowDate(true);
+    tag->setDate(QDate(2008, 12, 24));
+    tag->setTime(QTime(1, 2, 3));
+    return tag;
+}
+
 struct MarkKind
 {
     QByteArray element;
@@ -87,6 +102,7 @@ struct MarkKind
     MakeMark makeTypical;
     QString debugString;
     bool storesAntialiasing = true;
+    bool isCopiedEmpty = false; ///< A copy takes nothing along, not even the place; the fill has an alpha of its own.
 };
 
 const QList<MarkKind> &markKinds()
@@ -99,6 +115,8 @@ const QList<MarkKind> &markKinds()
         {"line", [] { return new LineAnn; }, typicalLine<LineAnn>, "Line annotation"},
         {"bracket", [] { return new BracketAnn; }, typicalLine<BracketAnn>, "Bracket annotation"},
         {"text_box", [] { return new TextBoxAnn; }, typicalTextBox, "TextBox annotation", false},
+        {"active_tag", [] { return new ActiveElement; }, typicalTag,
+         "Active element, contents:  ,\n author Zoë \"Z\" <z@example>", false, true},
     };
     return kinds;
 }
@@ -118,15 +136,55 @@ QGraphicsItem *itemOf(Annotation *mark)
 /// An element of @p name with every field that any mark has set to @p value.
 QByteArray elementWithAll(const QByteArray &name, const QByteArray &value)
 {
-    static const QList<QByteArray> fields{"w",     "pen_style", "pos_x",     "pos_y",     "red",        "green",
-                                          "blue",  "alpha",     "p_red",     "p_green",   "p_blue",     "p_alpha",
-                                          "b_red", "b_green",   "b_blue",    "b_alpha",   "x",          "y",
-                                          "width", "height",    "x1",        "y1",        "x2",         "y2",
-                                          "style", "rounded",   "antialias", "font_size", "font_family"};
+    static const QList<QByteArray> fields{"w",
+                                          "pen_style",
+                                          "pos_x",
+                                          "pos_y",
+                                          "red",
+                                          "green",
+                                          "blue",
+                                          "alpha",
+                                          "p_red",
+                                          "p_green",
+                                          "p_blue",
+                                          "p_alpha",
+                                          "b_red",
+                                          "b_green",
+                                          "b_blue",
+                                          "b_alpha",
+                                          "x",
+                                          "y",
+                                          "width",
+                                          "height",
+                                          "x1",
+                                          "y1",
+                                          "x2",
+                                          "y2",
+                                          "style",
+                                          "rounded",
+                                          "antialias",
+                                          "font_size",
+                                          "font_family",
+                                          "category",
+                                          "t_red",
+                                          "t_green",
+                                          "t_blue",
+                                          "t_alpha",
+                                          "desc_font",
+                                          "desc_font_size",
+                                          "author",
+                                          "author_font",
+                                          "author_font_size",
+                                          "show_date",
+                                          "date",
+                                          "time",
+                                          "date_font",
+                                          "date_font_size"};
     QByteArray xml = "<" + name;
     for (const QByteArray &field : fields)
         xml += " " + field + "=\"" + value + "\"";
-    return xml + "><p x=\"" + value + "\" y=\"" + value + "\"/><p x=\"1\" y=\"1\"/><txt>x</txt></" + name + ">";
+    return xml + "><p x=\"" + value + "\" y=\"" + value + "\"/><p x=\"1\" y=\"1\"/><txt>x</txt><desc>x</desc></" +
+           name + ">";
 }
 
 void ignoreMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString & /*text*/) {}
@@ -273,8 +331,9 @@ void TestAllMarks::elementWithoutAttributesTakesDefaults()
     QMap<QString, QString> written = MarkXml::attributes(MarkXml::streamed(*mark));
     for (const char *name : {"red", "green", "blue", "p_red", "p_green", "p_blue", "b_red", "b_green", "b_blue", "w"})
         QCOMPARE(written.value(name, "0"), "0");
-    for (const char *name : {"alpha", "p_alpha", "b_alpha"})
+    for (const char *name : {"alpha", "p_alpha"})
         QCOMPARE(written.value(name, "255"), "255");
+    QCOMPARE(written.value("b_alpha", "255"), kind.isCopiedEmpty ? "120" : "255");
     QCOMPARE(written.value("pen_style", "1"), "1");
     if (const auto *line = dynamic_cast<QGraphicsLineItem *>(mark.get()))
         QVERIFY(line->pen().isCosmetic());
@@ -418,7 +477,7 @@ void TestAllMarks::cloneIsSelectableAndMovable()
     itemOf(mark.get())->setPos(100, 200);
     const std::unique_ptr<Annotation> copy(mark->clone());
     QGraphicsItem *item = itemOf(copy.get());
-    QCOMPARE(item->pos(), QPointF(120, 220));
+    QCOMPARE(item->pos(), kind.isCopiedEmpty ? QPointF(0, 0) : QPointF(120, 220));
     QVERIFY(item->flags().testFlag(QGraphicsItem::ItemIsSelectable));
     QVERIFY(item->flags().testFlag(QGraphicsItem::ItemIsMovable));
     QVERIFY(!item->scene());

@@ -3,6 +3,7 @@
 
 #include "documents/page.h"
 #include "documents/pageview.h"
+#include "documents/testmark.h"
 #include "support/dialogs.h"
 #include "support/fakehost.h"
 #include "support/testmain.h"
@@ -232,6 +233,8 @@ void TestDocumentItem::hidingNumbersMovesNothing()
 {
     Page page(nullptr);
     fill(&page, linesOfText(5));
+    auto *mark = new TestMark({30.25, 40.5});
+    page.addAnnotation(mark);
     const QPointF before = page.documentItem()->textItem()->pos();
     page.showLineNumbers(false);
     QVERIFY(!page.documentItem()->lineNumbersItem()->isVisible());
@@ -240,6 +243,8 @@ void TestDocumentItem::hidingNumbersMovesNothing()
     page.showLineNumbers(true);
     QVERIFY(page.documentItem()->lineNumbersItem()->isVisible());
     QCOMPARE(page.documentItem()->textItem()->pos(), before);
+    QCOMPARE(mark->pos(), QPointF(30.25, 40.5));
+    QVERIFY(mark->isVisible());
 }
 
 void TestDocumentItem::numbersFollowEdits()
@@ -505,6 +510,8 @@ void TestDocumentItem::everyEditRefreshesTheUi()
     QCOMPARE(host.menuUpdates, 2);
     page.setDocumentFont(QFont(QStringLiteral("Arial"), 20));
     QCOMPARE(host.menuUpdates, 2);
+    fill(&page, linesOfText(7));
+    QCOMPARE(host.menuUpdates, 3);
 }
 
 REGISTER_TEST(TestDocumentItem)

@@ -7,9 +7,11 @@
 #include "support/definitions.h"
 #include "support/dialogs.h"
 #include "support/fakehost.h"
+#include "support/files.h"
 #include "support/testmain.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -50,6 +52,7 @@ private slots:
     void annotatedFileFollowsTheTextInside();
     void typeWithoutDefinitionStaysPlain_data();
     void typeWithoutDefinitionStaysPlain();
+    void definitionForNamesWithoutSuffix();
     void missingDefinitionLeavesTheColours();
     void definitionOutsideOfTheFolderIsNotRead();
     void offAndOn();
@@ -127,6 +130,16 @@ void TestHighlighting::typeWithoutDefinitionStaysPlain()
     page.highlightSyntax(true);
     QCOMPARE(formatsOf(page.textDocument()->firstBlock()), QList<QTextCharFormat>(10));
     QVERIFY(answers.seen().isEmpty());
+}
+
+void TestHighlighting::definitionForNamesWithoutSuffix()
+{
+    const QString path = dataFolder("syntax") + ".xml";
+    store(path, definitionXml({"xyzzy"}));
+    const auto removed = qScopeGuard([&path] { QFile::remove(path); });
+    Page page(nullptr);
+    page.setTextContents("/nowhere/Makefile", "an xyzzy", "1\n");
+    QCOMPARE(groupsOf(*page.textDocument()), QStringList({"...KKKKK"}));
 }
 
 void TestHighlighting::missingDefinitionLeavesTheColours()

@@ -29,9 +29,8 @@ void InstalledProgram::startTyping() const
 {
     m_session.waitUntilQuiet();
     m_session.key(QStringLiteral("alt+t"));
-    // The text lies right under the tool bars, a little right of the line numbers.
-    m_session.click(m_session.geometry(window()).topLeft() + QPoint(120, 80));
-    m_session.waitUntilQuiet();
+    // The text lies right under the tool bars and beside its line numbers; clicks outside of it would leave it alone.
+    m_session.click(window(), QPoint(74, 75));
     m_session.key(QStringLiteral("ctrl+Home"));
 }
 
@@ -42,7 +41,7 @@ void InstalledProgram::choose(int menu, int fromEnd, int subEntry) const
             m_session.key(QString::fromLatin1(key));
     };
     m_session.waitUntilQuiet();
-    m_session.clickIn(window(), {20, 10});
+    m_session.click(window(), {20, 10});
     m_session.waitUntilQuiet();
     // The other way round to the last ones: the menu of settings opens one of its own on the way.
     press(menu <= 3 ? "Right" : "Left", menu <= 3 ? menu : 7 - menu);
@@ -51,6 +50,12 @@ void InstalledProgram::choose(int menu, int fromEnd, int subEntry) const
         press("Right", 1);
     press("Down", subEntry - 1);
     press("Return", 1);
+}
+
+void InstalledProgram::refreshMenus() const
+{
+    m_session.click(window(), QPoint(20, 9));
+    m_session.key(QStringLiteral("Escape"));
 }
 
 bool InstalledProgram::closeRegularly()

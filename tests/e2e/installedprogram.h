@@ -15,12 +15,15 @@ public:
     /// Waits for the main window of a run that was launched, with a document in it if @p withDocument.
     QString waitForMainWindow(bool withDocument);
     QString window() const;
-    /// Puts the caret at the start of the text: text mode, then a click on the first line.
+    /// Puts the caret at the start of the text: text mode, then a click on the first letter. In a picture it only
+    /// gives the page the keyboard.
     void startTyping() const;
     /// Chooses an entry of the @p menu-th menu of the menu bar, counted from 0. Entries that are on offer are counted
     /// from the end, from 1; 0 is the first one, except in the first menu. With @p subEntry above 0 it has a menu, of
     /// which this entry, counted from 1, is chosen.
     void choose(int menu, int fromEnd, int subEntry = 0) const;
+    /// Opens and leaves a menu, which brings up to date what is enabled.
+    void refreshMenus() const;
     /// Closes the window as its close button does; true if the program then ended with exit code 0.
     bool closeRegularly();
 

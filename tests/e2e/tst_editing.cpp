@@ -13,6 +13,7 @@ private slots:
     void typedTextIsOnDisk();
     void newFileIsSavedUnderAName();
     void closingAsksAboutAModifiedDocument();
+    void leavesMinimalViewByKeys();
 
 private:
     XSession m_session;
@@ -71,6 +72,43 @@ void TestEditing::closingAsksAboutAModifiedDocument()
     m_session.key(QStringLiteral("Return"));
     QVERIFY(program.waitForExit());
     QCOMPARE(InstalledProgram::read(path), QByteArray("xas it was\nand stays\nfor long"));
+}
+
+/// With all bars hidden no shortcut works but F10, which goes on to full screen and from there back to all bars.
+void TestEditing::leavesMinimalViewByKeys()
+{
+    InstalledProgram program(m_session);
+    const QString path = program.writeDocument(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(!program.start({path}).isEmpty());
+    m_session.waitUntilQuiet();
+    // The menu "View"; its entry "Minimal" is the third from below.
+    m_session.click(program.window(), QPoint(200, 9));
+    m_session.waitUntilQuiet();
+    for (const char *key : {"Up", "Up", "Up", "Return"})
+        m_session.key(QString::fromLatin1(key));
+    const QString bar = m_session.waitForWindow(QStringLiteral("^Kestrin 7$"), XSession::Visible);
+    QVERIFY2(!bar.isEmpty(), "the floating bar of the minimal view");
+    m_session.waitUntilQuiet();
+    m_session.key(QStringLiteral("ctrl+n"));
+
+    m_session.key(QStringLiteral("F10"));
+    QTRY_COMPARE(m_session.geometry(program.window()), m_session.grab().rect());
+    // What was pressed before has been seen by now, and has made no document.
+    QCOMPARE(m_session.title(program.window()), "Kestrin 7 [" + path + ']');
+    m_session.key(QStringLiteral("F10"));
+    QTRY_VERIFY(m_session.geometry(program.window()) != m_session.grab().rect());
+    m_session.waitUntilQuiet();
+    m_session.key(QStringLiteral("ctrl+n"));
+    QTRY_COMPARE(m_session.title(program.window()), QStringLiteral("Kestrin 7 [noname]"));
+
+    // The chord that nobody took went to the first page, which counts it as a change.
+    m_session.key(QStringLiteral("ctrl+w"));
+    QTRY_VERIFY(m_session.title(program.window()).startsWith("Kestrin 7 [" + path + ']'));
+    m_session.close(program.window());
+    QVERIFY(!m_session.waitForWindow(QStringLiteral("^Kestrin 7$")).isEmpty());
+    m_session.key(QStringLiteral("Return"));
+    QVERIFY(program.waitForExit());
+    QCOMPARE(program.exitCode(), 0);
 }
 
 REGISTER_TEST(TestEditing)

@@ -19,11 +19,12 @@ private slots:
     void usesTwentyArgumentsAtMost();
     void logsNothingFromAnotherFolder();
     void findsTranslationsFromAnotherFolder();
+    void findsSyntaxFilesFromAnotherFolder();
     void emptiesTheTemporaryFolder();
     void keepsWindowGeometry();
     void endsFromFullScreen();
     void countsArgumentsNotFiles();
-    void survivesWhatCannotBeOpened();
+    void secondInstanceEmptiesTheLogs();
     void leavesACompleteRecordWhenKilled();
 
 private:
@@ -46,6 +47,17 @@ static int countColor(const QImage &image, QColor color)
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x)
             count += image.pixel(x, y) == color.rgb() ? 1 : 0;
+    }
+    return count;
+}
+
+/// Pixels that are no shade of grey.
+static int countColors(const QImage &image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y).saturation() > 100 ? 1 : 0;
     }
     return count;
 }
@@ -150,6 +162,24 @@ void TestStartStop::findsTranslationsFromAnotherFolder()
     QVERIFY(program.closeRegularly());
 }
 
+void TestStartStop::findsSyntaxFilesFromAnotherFolder()
+{
+    InstalledProgram program(m_session);
+    const QTemporaryDir elsewhere;
+    program.setWorkingDirectory(elsewhere.path());
+    const QByteArray text("return return return return\nreturn return return return\n");
+    const QString plain = program.writeDocument(QStringLiteral("a.unknown"), text);
+    QVERIFY(!program.start({plain, program.writeDocument(QStringLiteral("a.cpp"), text)}).isEmpty());
+    // The keyword stands in the colour of its definition, and in black where there is none.
+    m_session.waitUntilQuiet();
+    const auto colors = [&] { return countColors(m_session.grab().copy(70, 85, 250, 60)); };
+    QTRY_VERIFY(colors() > 0);
+    m_session.key(QStringLiteral("ctrl+w"));
+    QTRY_VERIFY(m_session.title(program.window()).contains(plain));
+    QTRY_COMPARE(colors(), 0);
+    QVERIFY(program.closeRegularly());
+}
+
 void TestStartStop::emptiesTheTemporaryFolder()
 {
     InstalledProgram program(m_session);
@@ -204,22 +234,30 @@ void TestStartStop::countsArgumentsNotFiles()
              QStringList({files.at(19), first}));
 }
 
-void TestStartStop::survivesWhatCannotBeOpened()
+/// Nothing keeps a second run from using the same log files: it begins them anew.
+void TestStartStop::secondInstanceEmptiesTheLogs()
 {
     InstalledProgram program(m_session);
-    const QString good = program.writeDocument(QStringLiteral("good.txt"), "good\n");
-    const QString missing = program.document(QStringLiteral("missing.txt"));
-    program.launch({missing, good});
-    const QString box = m_session.waitForWindow(QStringLiteral("I/O Error"));
-    QVERIFY(!box.isEmpty());
-    // The half-built window that waits behind the box is not on the screen.
-    QCOMPARE(m_session.windows(QStringLiteral("^Kestrin 7( \\[.*)?$")), QStringList());
-    m_session.key(QStringLiteral("Return"));
-    const QString window = m_session.waitForWindow(QStringLiteral("^Kestrin 7 \\["));
-    QVERIFY(m_session.title(window).contains(good));
+    const QString marked = program.writeDocument(QStringLiteral("of the first.txt"), "1\n");
+    QVERIFY(!program.start({marked}).isEmpty());
+    QTRY_VERIFY(program.logLines().contains(QLatin1String("Start the main event loop")));
+    QVERIFY(program.logLines().join('\n').contains(marked));
+
+    QProcess second;
+    second.setProcessEnvironment(program.environment());
+    second.setWorkingDirectory(program.folder());
+    second.start(program.folder() + QStringLiteral("/kestrin7"), QStringList());
+    const QString window = m_session.waitForWindow(QStringLiteral("^Kestrin 7$"));
+    QVERIFY2(!window.isEmpty(), "it runs beside the first");
+    QVERIFY(program.isRunning());
+    QTRY_COMPARE(program.logLines().filter(QStringLiteral("Kestrin 7 start-up phase")).size(), 1);
+    QVERIFY(!program.logLines().join('\n').contains(marked));
+    QCOMPARE(InstalledProgram::read(program.folder() + "/sys/logs/dumped.dat"), QByteArray());
     m_session.close(window);
-    QVERIFY(program.waitForExit());
-    QCOMPARE(program.exitCode(), 0);
+    QVERIFY(second.waitForFinished());
+    QCOMPARE(second.exitCode(), 0);
+    QVERIFY(InstalledProgram::read(program.folder() + "/sys/logs/dumped.dat").endsWith("\n---- RB END ----"));
+    QVERIFY(program.closeRegularly());
 }
 
 void TestStartStop::leavesACompleteRecordWhenKilled()

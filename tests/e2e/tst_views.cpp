@@ -86,7 +86,7 @@ void TestViews::fullScreenAndBack()
         if (byTheBar) {
             m_session.waitUntilQuiet();
             const QSize size = m_session.geometry(bar).size();
-            m_session.clickIn(bar, {size.width() / 4, size.height() / 2});
+            m_session.click(bar, {size.width() / 4, size.height() / 2});
         } else {
             m_session.waitUntilQuiet();
             m_session.key(QStringLiteral("F10"));
@@ -113,7 +113,7 @@ void TestViews::layouts()
     const QImage minimal = picture(program);
     QVERIFY(minimal != compact && minimal != standard);
     const QSize size = m_session.geometry(bar).size();
-    m_session.clickIn(bar, {size.width() - size.width() / 8, size.height() / 2});
+    m_session.click(bar, {size.width() - size.width() / 8, size.height() / 2});
     QTRY_VERIFY(m_session.windows(floatingBar).isEmpty());
     QTRY_COMPARE(picture(program), standard);
     QVERIFY(program.closeRegularly());

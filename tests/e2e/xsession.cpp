@@ -79,20 +79,20 @@ void XSession::type(const QString &text) const
     tool(QStringLiteral("xdotool"), {QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("20"), text});
 }
 
+void XSession::click(const QString &window, QPoint position, int button) const
+{
+    tool(QStringLiteral("xdotool"),
+         {QStringLiteral("mousemove"), QStringLiteral("--window"), window, QString::number(position.x()),
+          QString::number(position.y()), QStringLiteral("click"), QString::number(button)});
+}
+
 void XSession::click(QPoint position, int button) const
 {
     tool(QStringLiteral("xdotool"), {QStringLiteral("mousemove"), QString::number(position.x()),
                                      QString::number(position.y()), QStringLiteral("click"), QString::number(button)});
 }
 
-void XSession::clickIn(const QString &window, QPoint position) const
-{
-    tool(QStringLiteral("xdotool"),
-         {QStringLiteral("mousemove"), QStringLiteral("--window"), window, QString::number(position.x()),
-          QString::number(position.y()), QStringLiteral("click"), QStringLiteral("1")});
-}
-
-void XSession::drag(const QList<QPoint> &path) const
+void XSession::hold(const QList<QPoint> &path) const
 {
     QStringList arguments;
     for (qsizetype i = 0; i < path.size(); ++i) {
@@ -101,8 +101,23 @@ void XSession::drag(const QList<QPoint> &path) const
             arguments << QStringLiteral("mousedown") << QStringLiteral("1");
         arguments << QStringLiteral("sleep") << QStringLiteral("0.03");
     }
-    arguments << QStringLiteral("mouseup") << QStringLiteral("1");
     tool(QStringLiteral("xdotool"), arguments);
+}
+
+void XSession::letGo() const
+{
+    tool(QStringLiteral("xdotool"), {QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
+void XSession::drag(const QList<QPoint> &path) const
+{
+    hold(path);
+    letGo();
+}
+
+void XSession::keyWhileHeld(const QString &chord) const
+{
+    tool(QStringLiteral("xdotool"), {QStringLiteral("key"), chord});
 }
 
 QStringList XSession::windows(const QString &pattern) const
@@ -139,8 +154,11 @@ void XSession::waitUntilQuiet() const
 QRect XSession::geometry(const QString &window) const
 {
     QHash<QString, int> values;
-    const QString text =
-        tool(QStringLiteral("xdotool"), {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), window});
+    // The position that comes with the size counts the frame twice.
+    const QString text = tool(QStringLiteral("xdotool"),
+                              {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), window,
+                               QStringLiteral("mousemove"), QStringLiteral("--window"), window, QStringLiteral("0"),
+                               QStringLiteral("0"), QStringLiteral("getmouselocation"), QStringLiteral("--shell")});
     for (const QString &line : text.split(QLatin1Char('\n')))
         values.insert(line.section(QLatin1Char('='), 0, 0), line.section(QLatin1Char('='), 1).toInt());
     return QRect(values.value(QStringLiteral("X")), values.value(QStringLiteral("Y")),

@@ -28,11 +28,17 @@ public:
     void key(const QString &chord) const;
     /// Types a text into the window that has the focus.
     void type(const QString &text) const;
+    /// Clicks at @p position inside the contents of @p window.
+    void click(const QString &window, QPoint position, int button = 1) const;
+    /// The same at a point of the screen.
     void click(QPoint position, int button = 1) const;
-    /// The same at a position in the window's contents.
-    void clickIn(const QString &window, QPoint position) const;
     /// Presses the left button at the first point, moves through the others, releases at the last.
     void drag(const QList<QPoint> &path) const;
+    /// The same in two parts. Keys between them are to be pressed with keyWhileHeld().
+    void hold(const QList<QPoint> &path) const;
+    void letGo() const;
+    /// A chord that leaves the mouse buttons alone, which key() lets go of for as long as it takes.
+    void keyWhileHeld(const QString &chord) const;
 
     /// Visible windows whose title matches @p pattern (a regular expression), as xdotool's ids.
     QStringList windows(const QString &pattern) const;
@@ -42,7 +48,7 @@ public:
     QString waitForWindow(const QString &pattern, WindowState state = Active, int milliseconds = 20000) const;
     /// Waits until the screen no longer changes, that is, until the program has painted what the user did last.
     void waitUntilQuiet() const;
-    /// Outer position of a window's contents and their size.
+    /// Where a window's contents are, without its frame. Leaves the mouse at their corner.
     QRect geometry(const QString &window) const;
     QString title(const QString &window) const;
     /// Asks the window to close as its close button does.

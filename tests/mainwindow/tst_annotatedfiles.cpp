@@ -54,6 +54,7 @@ class TestAnnotatedFiles : public QObject
 private slots:
     void init() { QSettings().clear(); }
     void open();
+    void openedByDialog();
     void openedAndSavedAgain();
     void markedTextBecomesAnAnnotatedFile();
     void declined();
@@ -75,6 +76,24 @@ void TestAnnotatedFiles::open()
     QCOMPARE(window->windowTitle(), titleFor(path));
     QCOMPARE(window.page()->fileName(), path);
     QCOMPARE(window.page()->fileType(), QStringLiteral("cpp"));
+    QCOMPARE(window.page()->plainText(), QStringLiteral("one\ntwo"));
+    QCOMPARE(markCount(window.page()), 2);
+    QVERIFY(!window.page()->isModified());
+    QVERIFY(!window.action("actionUndo")->isEnabled());
+}
+
+void TestAnnotatedFiles::openedByDialog()
+{
+    const TestFiles files;
+    const QString path = files.write(QStringLiteral("a.oxn"), annotatedText);
+    const WindowProbe window;
+    DialogAnswers answers;
+    answers.chooseFile(path);
+    window->openFile();
+    QCOMPARE(answers.seen().size(), 1);
+    QCOMPARE(window.stack()->count(), 1);
+    QCOMPARE(window.stack()->tabText(0), QStringLiteral("a.oxn"));
+    QCOMPARE(window->windowTitle(), titleFor(path));
     QCOMPARE(window.page()->plainText(), QStringLiteral("one\ntwo"));
     QCOMPARE(markCount(window.page()), 2);
     QVERIFY(!window.page()->isModified());

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QGraphicsTextItem>
+#include <QLineEdit>
 #include <QSettings>
 #include <QTest>
 #include <QTextCursor>
@@ -56,6 +57,7 @@ private slots:
     void newTextStartsFromTheTop();
     void checkBoxesCount();
     void returnLooksForTheNext();
+    void typedTextStaysAsTyped();
     void eachDocumentHasItsOwnPlace();
     void searchByCode();
     void pictures();
@@ -125,6 +127,25 @@ void TestSearchBar::returnLooksForTheNext()
     QTest::keyClicks(bar.box, QStringLiteral("two"));
     QTest::keyClick(bar.box, Qt::Key_Return);
     QTRY_COMPARE(foundAt(window), 4);
+}
+
+void TestSearchBar::typedTextStaysAsTyped()
+{
+    const TestFiles files;
+    const WindowProbe window({files.write(QStringLiteral("a.txt"), "there the There")});
+    window->showWindow();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&*window));
+    window->showSearchToolBar();
+    const SearchBar bar(window);
+    QTRY_VERIFY(bar.box->hasFocus() || bar.box->isAncestorOf(QApplication::focusWidget()));
+    for (const QString &text : {QStringLiteral("there"), QStringLiteral("the"), QStringLiteral("There")}) {
+        bar.box->lineEdit()->selectAll();
+        QTest::keyClicks(bar.box, text);
+        QCOMPARE(bar.box->currentText(), text);
+        QTest::keyClick(bar.box, Qt::Key_Return);
+        QCOMPARE(bar.box->currentText(), text);
+    }
 }
 
 void TestSearchBar::eachDocumentHasItsOwnPlace()

@@ -242,6 +242,7 @@ void TestWindowSettings::customToolBar()
         auto *manager = window->findChild<QtToolBarManager *>();
         QToolBar *mine = manager->fullManager()->createToolBar(QStringLiteral("Mine"));
         manager->fullManager()->setActions(mine, {window.action("actionThinRedPen")});
+        window->addToolBar(Qt::BottomToolBarArea, mine);
         QVERIFY(window->close());
     }
     WindowProbe window;
@@ -252,6 +253,7 @@ void TestWindowSettings::customToolBar()
     window->showWindow();
     QVERIFY(QTest::qWaitForWindowExposed(&*window));
     QVERIFY(bars.last()->isVisible());
+    QCOMPARE(window->toolBarArea(bars.last()), Qt::BottomToolBarArea);
 }
 
 void TestWindowSettings::customizeDialog()
@@ -358,9 +360,12 @@ void TestWindowSettings::documentColorsThatAreNone()
     store("PageView/DefaultBgColor", value);
     const TestFiles files;
     const WindowProbe window({files.write(QStringLiteral("a.txt"))});
-    // Black on white, as without any settings; the stored values stay for the user to mend.
-    QCOMPARE(window.page()->backgroundBrush(), QBrush(Qt::white));
-    QVERIFY(window.page()->documentItem()->textItem()->defaultTextColor() == QColor(Qt::black));
+    // Handed on unchecked; the stored values stay for the user to mend.
+    QCOMPARE(window.page()->backgroundBrush(), QBrush(QColor()));
+    QCOMPARE(window.page()->documentItem()->textItem()->defaultTextColor(), QColor());
+    window->showWindow();
+    QVERIFY(QTest::qWaitForWindowExposed(&*window));
+    QCOMPARE(colorAt(window, window.view()->viewport()->rect().bottomRight() - QPoint(5, 5)), QColor(Qt::black));
     QCOMPARE(stored("PageView/DefaultTextColor").toString(), value);
     QCOMPARE(stored("PageView/DefaultBgColor").toString(), value);
 }

@@ -6,6 +6,7 @@
 #include "support/testmain.h"
 
 #include <QDialog>
+#include <QDir>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QRegularExpression>
@@ -65,6 +66,7 @@ private slots:
     void withoutFiles();
     void opensListedFiles();
     void sameFileTwice();
+    void relativeNameBecomesFull();
     void missingFileIsSkipped();
     void onlyMissingFiles();
     void emptyStackIsReplaced();
@@ -169,10 +171,17 @@ void TestStartup::floatingToolBarWaitsForTheWindow()
 
 void TestStartup::showWindowMaximized()
 {
-    QSettings().setValue(QStringLiteral("General/WindowSize"), QSize(300, 200));
+    QSettings settings;
+    settings.setValue(QStringLiteral("General/WindowSize"), QSize(1300, 900));
+    settings.setValue(QStringLiteral("General/WindowPosition"), QPoint(20, 30));
     WindowProbe window;
+    const QSize sizeBefore = window->size();
     window->showWindow();
     QVERIFY(window->isMaximized());
+    // Neither is applied: not even to what the window goes back to.
+    QCOMPARE(window->normalGeometry(), QRect(QPoint(0, 0), sizeBefore));
+    window->showNormal();
+    QTRY_COMPARE(window->size(), sizeBefore);
 }
 
 void TestStartup::showWindowFromGeometry()
@@ -281,6 +290,21 @@ void TestStartup::sameFileTwice()
     const WindowProbe window({a, b, a});
     QCOMPARE(window.stack()->count(), 2);
     QCOMPARE(window.stack()->currentIndex(), 0);
+}
+
+void TestStartup::relativeNameBecomesFull()
+{
+    const TestFiles files;
+    const QString path = files.write(QStringLiteral("a.txt"));
+    const QString folder = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(QFileInfo(path).path()));
+    const LogProbe log;
+    const WindowProbe window({QStringLiteral("a.txt"), QStringLiteral("./a.txt"), path});
+    QDir::setCurrent(folder);
+    QVERIFY(log.info().contains(QStringLiteral("Input file [1]: ./a.txt")));
+    QCOMPARE(window.stack()->count(), 1);
+    QCOMPARE(window.stack()->pageAt(0)->fileName(), QDir::current().absoluteFilePath(path));
+    QCOMPARE(QSettings().value(QStringLiteral("General/RecentFileList")).toStringList(), QStringList{path});
 }
 
 void TestStartup::missingFileIsSkipped()

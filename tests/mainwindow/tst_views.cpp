@@ -5,6 +5,7 @@
 #include "documents/pageview.h"
 #include "mainwindow/windowprobe.h"
 #include "support/dialogs.h"
+#include "support/files.h"
 #include "support/testmain.h"
 #include "widgets/aboutdialog.h"
 #include "widgets/dontdialog.h"
@@ -76,6 +77,7 @@ private slots:
     void maximizedStaysMaximized();
     void fullScreen();
     void fullScreenByKey();
+    void fullScreenHasNoShortcutToSave();
     void fullScreenFromCompact();
     void fullScreenEndsWithTheLastTab();
     void fullScreenBarLeaves();
@@ -264,10 +266,32 @@ void TestViews::fullScreenByKey()
     // Entered this way the action is not checked.
     QVERIFY(!window.action("actionFullScreen")->isChecked());
     // The bars are hidden and so are their shortcuts; the view hands the key on.
-    window.view()->setFocus();
-    QTest::keyClick(window.view(), Qt::Key_F10);
+    QVERIFY(window.view()->hasFocus());
+    QTest::keyClick(window->focusWidget(), Qt::Key_F10);
     QVERIFY(!window->isFullScreen());
     QCOMPARE(shownParts(window), everything);
+}
+
+/// Shortcuts go with the bars that are hidden; the one key that leads back is told above.
+void TestViews::fullScreenHasNoShortcutToSave()
+{
+    const TestFiles files;
+    const QString path = files.write(QStringLiteral("a.txt"), "as it was\n");
+    const WindowProbe window({path});
+    window->showWindow();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&*window));
+    window.page()->setModified(true);
+    window->updateMenus();
+    window->toggleFullScreen();
+    QTest::keyClick(&*window, Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(window.page()->isModified());
+    QCOMPARE(bytesIn(path), QByteArray("as it was\n"));
+    // The same key in the full window saves.
+    window->toggleFullScreen();
+    QTest::keyClick(&*window, Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(!window.page()->isModified());
+    QCOMPARE(bytesIn(path), QByteArray("as it was"));
 }
 
 void TestViews::fullScreenFromCompact()

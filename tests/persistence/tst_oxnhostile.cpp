@@ -14,6 +14,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QSet>
+#include <QSettings>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -44,6 +45,15 @@ QByteArray markWith(const QByteArray &tag, const QByteArray &value)
     for (const QByteArray &field : QSet<QByteArray>(fields.begin(), fields.end()).values())
         xml += " " + field + "='" + value + "'";
     return xml + "><p x='" + value + "' y='" + value + "'/><p x='1' y='2'/><txt>text</txt></" + tag + ">";
+}
+
+/// A mark of @p tag that reaches from -@p reach to @p reach and is drawn with this pen.
+QByteArray reachingMark(const QByteArray &tag, const QByteArray &reach, int penStyle, const QByteArray &penWidth)
+{
+    return "<" + tag + " w='" + penWidth + "' pen_style='" + QByteArray::number(penStyle) + "' x='-" + reach +
+           "' y='-" + reach + "' width='" + reach + "' height='" + reach + "' x1='-" + reach + "' y1='1' x2='" + reach +
+           "' y2='3' style='fc_arrow'><p x='-" + reach + "' y='2'/><p x='" + reach + "' y='3'/><p x='7' y='-" + reach +
+           "'/></" + tag + ">";
 }
 
 bool isReadable(QByteArray bytes)
@@ -110,10 +120,14 @@ private slots:
     void largeButHarmless();
     void oddNumbers_data();
     void oddNumbers();
+    void extremeMarksAreDrawn_data();
+    void extremeMarksAreDrawn();
     void numbersThatAreNone();
 
 private:
     bool load(const QString &name);
+    /// Has the corner of the page painted.
+    void look();
 
     std::unique_ptr<OxnFiles> m_files;
     std::unique_ptr<Page> m_page;
@@ -133,6 +147,14 @@ bool TestOxnHostile::load(const QString &name)
     const bool loaded = m_page->loadFile(name);
     m_boxes = answers.seen();
     return loaded;
+}
+
+void TestOxnHostile::look()
+{
+    QImage picture(200, 100, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    m_page->render(&painter, picture.rect(), picture.rect());
 }
 
 void TestOxnHostile::refused_data()
@@ -170,6 +192,12 @@ void TestOxnHostile::refused_data()
     QTest::newRow("80000 attributes of the root") << Oxn::file("", attributes(80'000));
     QTest::newRow("80000 attributes of a point") << Oxn::file("<pen_line><p" + attributes(80'000) + "/></pen_line>");
     QTest::newRow("80000 attributes behind the root") << good + "<a" + attributes(80'000) + "/>";
+    const QByteArray text = "<text_contents>a</text_contents>";
+    const QByteArray picture = "<img_contents img_file_link='gone.png'/>";
+    QTest::newRow("a text too many") << Oxn::file(text.repeated(17));
+    QTest::newRow("a picture too many") << Oxn::file(picture.repeated(17));
+    QTest::newRow("texts and pictures") << Oxn::file((text + picture).repeated(8) + "<pen_line/>" + text);
+    QTest::newRow("10000 missing pictures") << Oxn::file(picture.repeated(10'000));
     QTest::newRow("deep nesting") << Oxn::file(QByteArray("<a>").repeated(100'000) +
                                                QByteArray("</a>").repeated(100'000));
     QTest::newRow("deep nesting in a mark") << Oxn::file("<pen_line>" + QByteArray("<p>").repeated(100'000) +
@@ -273,6 +301,16 @@ void TestOxnHostile::largeButHarmless_data()
     QTest::newRow("100000 points") << Oxn::file("<pen_line>" + QByteArray("<p x='1'/>").repeated(100'000) +
                                                 "</pen_line>")
                                    << 1;
+    QTest::newRow("16 texts among marks")
+        << Oxn::file(QByteArray("<pen_line pos_y='50'/>").repeated(20'000) +
+                     QByteArray("<text_contents>1</text_contents><text_contents>1\n2</text_contents>").repeated(8))
+        << 20'000;
+    QTest::newRow("text box of many lines")
+        << Oxn::file("<text_box><txt>" + QByteArray("a line\n").repeated(100'000) + "</txt></text_box>") << 1;
+    QTest::newRow("text box of one long line")
+        << Oxn::file("<text_box><txt>" + QByteArray("one word ").repeated(100'000) + "</txt></text_box>") << 1;
+    QTest::newRow("text box of many texts")
+        << Oxn::file("<text_box>" + QByteArray("<txt>a</txt>").repeated(100'000) + "</text_box>") << 1;
     QTest::newRow("one huge value") << Oxn::file("<text_box font_family='" + QByteArray(5'000'000, 'f') + "'/>") << 1;
     QTest::newRow("one huge number") << Oxn::file("<pen_line pos_x='" + QByteArray(5'000'000, '1') + "'/>") << 1;
     QTest::newRow("many pieces of text") << Oxn::file("<text_contents>" +
@@ -324,12 +362,7 @@ void TestOxnHostile::oddNumbers()
     QCOMPARE(marks.size(), 7);
     for (Annotation *mark : marks)
         QVERIFY(isFinite(Oxn::item(mark)->sceneBoundingRect()));
-    // It can be looked at.
-    QImage picture(200, 100, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::white);
-    QPainter painter(&picture);
-    m_page->render(&painter, QRectF(0, 0, 200, 100), QRectF(0, 0, 200, 100));
-    painter.end();
+    look();
     // And saved, with the same result each time.
     const QByteArray once = m_files->saved(*m_page);
     QVERIFY(!once.isEmpty());
@@ -338,6 +371,41 @@ void TestOxnHostile::oddNumbers()
     QVERIFY(second.loadFile(m_files->write("b.oxn", once)));
     QCOMPARE(m_files->saved(second), once);
     qInstallMessageHandler(former);
+    QVERIFY2(clock.elapsed() < patience, qPrintable(QString::number(clock.elapsed())));
+}
+
+void TestOxnHostile::extremeMarksAreDrawn_data()
+{
+    QTest::addColumn<QByteArray>("tag");
+    QTest::addColumn<QByteArray>("reach");
+    for (const char *tag : {"pen_line", "marker_line", "bracket", "line", "ellipse", "rectangle"}) {
+        for (const char *reach : {"1e-38", "30000", "40000", "1e7", "2e9", "1e18", "1e38"})
+            QTest::addRow("%s, %s", tag, reach) << QByteArray(tag) << QByteArray(reach);
+    }
+}
+
+void TestOxnHostile::extremeMarksAreDrawn()
+{
+    QFETCH(const QByteArray, tag);
+    QFETCH(const QByteArray, reach);
+    QByteArray inside = "<text_contents>a</text_contents>";
+    for (int style = Qt::SolidLine; style <= Qt::DashDotDotLine; ++style) {
+        for (const char *width : {"0", "1", "50", "32767"})
+            inside += reachingMark(tag, reach, style, width);
+    }
+    QVERIFY(load(m_files->write("a.oxn", Oxn::file(inside))));
+    // Selected, each has a dashed frame as well.
+    QSettings settings;
+    for (const char *key : {"PenTool/DrawSelection", "MarkerTool/ShowSelection", "LineTool/ShowSelection"})
+        settings.setValue(QLatin1String(key), true);
+    QElapsedTimer clock;
+    clock.start();
+    for (const bool selected : {false, true}) {
+        for (Annotation *mark : Oxn::marks(*m_page))
+            Oxn::item(mark)->setSelected(selected);
+        look();
+    }
+    settings.clear();
     QVERIFY2(clock.elapsed() < patience, qPrintable(QString::number(clock.elapsed())));
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "annotations/activeelement.h"
 #include "annotations/bracketann.h"
 #include "annotations/ellipseann.h"
 #include "annotations/lineann.h"
@@ -60,11 +61,16 @@ private slots:
     void pictureWithoutLink_data();
     void pictureWithoutLink();
     void missingPictureKeepsLinkAndMarks();
+    void textAndPictureAreKept_data();
+    void textAndPictureAreKept();
     void lastTextCounts();
     void marksOfAllKinds_data();
     void marksOfAllKinds();
-    void activeTagsAreKept_data();
-    void activeTagsAreKept();
+    void activeTagsComeBack_data();
+    void activeTagsComeBack();
+    void activeTagsEnterThroughThePage();
+    void activeTagsBesideALaterFailure();
+    void manyActiveTags();
     void unknownNodesAreIgnored_data();
     void unknownNodesAreIgnored();
     void marksBeforeTheText_data();
@@ -288,6 +294,40 @@ void TestOxnReading::missingPictureKeepsLinkAndMarks()
     QCOMPARE(m_files->saved(second), once);
 }
 
+void TestOxnReading::textAndPictureAreKept_data()
+{
+    QTest::addColumn<bool>("textFirst");
+    QTest::addColumn<bool>("pictureIsThere");
+    QTest::addColumn<int>("kind");
+    QTest::newRow("text, picture") << true << true << int(Page::ImageDocument);
+    QTest::newRow("text, missing picture") << true << false << int(Page::TextDocument);
+    QTest::newRow("picture, text") << false << true << int(Page::TextDocument);
+    QTest::newRow("missing picture, text") << false << false << int(Page::TextDocument);
+}
+
+void TestOxnReading::textAndPictureAreKept()
+{
+    QFETCH(const bool, textFirst);
+    QFETCH(const bool, pictureIsThere);
+    QFETCH(const int, kind);
+    const QString link = m_files->path("p.png");
+    if (pictureIsThere)
+        QPixmap(40, 30).save(link);
+    const QByteArray picture = "<img_contents img_file_link=\"" + link.toUtf8() + "\"/>";
+    QVERIFY(loadInside((textFirst ? textElement + picture : picture + textElement) + "<pen_line/>"));
+    QCOMPARE(m_boxes.size(), pictureIsThere ? 0 : 1);
+    QCOMPARE(int(m_page->documentKind()), kind);
+    const QByteArray saved = m_files->saved(*m_page);
+    QVERIFY2(saved.contains(picture) && saved.contains(textElement), saved);
+    m_page = std::make_unique<Page>(m_host.get());
+    QVERIFY(load(saved));
+    QCOMPARE(m_boxes.size(), pictureIsThere ? 0 : 1);
+    QCOMPARE(int(m_page->documentKind()), kind);
+    QCOMPARE(m_page->imageLink(), link);
+    QCOMPARE(m_page->plainText(), QStringLiteral("one\ntwo"));
+    QCOMPARE(m_files->saved(*m_page), saved);
+}
+
 void TestOxnReading::lastTextCounts()
 {
     QVERIFY(loadInside(textElement + "<text_contents>plain &lt;text&gt;</text_contents>"));
@@ -306,6 +346,7 @@ void TestOxnReading::marksOfAllKinds_data()
     QTest::newRow("ellipse") << IsExpected(isA<EllipseAnn>);
     QTest::newRow("rectangle") << IsExpected(isA<RectangleAnn>);
     QTest::newRow("text_box") << IsExpected(isA<TextBoxAnn>);
+    QTest::newRow("active_tag") << IsExpected(isA<ActiveElement>);
 }
 
 void TestOxnReading::marksOfAllKinds()
@@ -323,37 +364,38 @@ void TestOxnReading::marksOfAllKinds()
     const bool isText = tag == "text_box";
     QVERIFY(item->flags().testFlag(QGraphicsItem::ItemIsMovable));
     QVERIFY(item->flags().testFlag(QGraphicsItem::ItemIsSelectable));
-    QCOMPARE(item->flags().testFlag(QGraphicsItem::ItemIsFocusable), isText);
+    const bool isTag = tag == "active_tag";
+    QCOMPARE(item->flags().testFlag(QGraphicsItem::ItemIsFocusable), isText || isTag);
     if (isText) {
         QCOMPARE(dynamic_cast<TextBoxAnn *>(item)->textInteractionFlags(),
                  Qt::TextInteractionFlags(Qt::TextEditorInteraction));
     } else {
-        QVERIFY(marks.first()->antialiasing());
+        QCOMPARE(marks.first()->antialiasing(), !isTag);
     }
     QVERIFY(item->isVisible());
     QVERIFY(!item->isSelected());
 }
 
-void TestOxnReading::activeTagsAreKept_data()
+void TestOxnReading::activeTagsComeBack_data()
 {
     QTest::addColumn<QByteArray>("read");
     QTest::addColumn<QByteArray>("written");
     const QByteArray full =
         "<active_tag category=\"Bug\" pos_x=\"12.5\" pos_y=\"-3\" b_red=\"1\" b_green=\"2\" b_blue=\"3\" "
-        "b_alpha=\"4\" t_red=\"5\" t_green=\"6\" t_blue=\"7\" t_alpha=\"8\" desc_font=\"A\" desc_font_size=\"9\" "
+        "b_alpha=\"120\" t_red=\"5\" t_green=\"6\" t_blue=\"7\" t_alpha=\"8\" desc_font=\"A\" desc_font_size=\"9\" "
         "author=\"&lt;Zo\u00EB&gt;\" author_font=\"B\" author_font_size=\"10\" show_date=\"no\" date=\"24.12.2008\" "
         "time=\"01:02:03\" date_font=\"C\" date_font_size=\"11\">\n"
         "    <desc><![CDATA[ two\nlines ]]]]><![CDATA[>]]><char code=\"12\"/><![CDATA[]]></desc>\n  </active_tag>";
     const QByteArray plain =
-        "<active_tag category=\"Idea\" pos_x=\"0\" pos_y=\"0\" b_red=\"0\" b_green=\"0\" b_blue=\"0\" b_alpha=\"255\" "
+        "<active_tag category=\"Idea\" pos_x=\"0\" pos_y=\"0\" b_red=\"0\" b_green=\"0\" b_blue=\"0\" b_alpha=\"120\" "
         "t_red=\"0\" t_green=\"0\" t_blue=\"0\" t_alpha=\"255\" desc_font=\"Arial\" desc_font_size=\"12\" "
-        "author=\"NoName\" author_font=\"Arial\" author_font_size=\"12\" show_date=\"yes\" date=\"20000101\" "
-        "time=\"20000101\" date_font=\"Arial\" date_font_size=\"12\">\n    <desc><![CDATA[]]></desc>\n  </active_tag>";
+        "author=\"NoName\" author_font=\"Arial\" author_font_size=\"12\" show_date=\"yes\" date=\"\" "
+        "time=\"\" date_font=\"Arial\" date_font_size=\"12\">\n    <desc><![CDATA[]]></desc>\n  </active_tag>";
     QTest::newRow("all fields") << full << full;
     QTest::newRow("no fields") << QByteArray("<active_tag/>") << plain;
 }
 
-void TestOxnReading::activeTagsAreKept()
+void TestOxnReading::activeTagsComeBack()
 {
     QFETCH(const QByteArray, read);
     QFETCH(const QByteArray, written);
@@ -367,6 +409,57 @@ void TestOxnReading::activeTagsAreKept()
     QVERIFY(!m_files->saved(*m_page).contains(written));
     QVERIFY(load(saved));
     QVERIFY(m_files->saved(*m_page).contains(written));
+}
+
+void TestOxnReading::activeTagsEnterThroughThePage()
+{
+    QVERIFY(loadInside(textElement + "<pen_line/><active_tag><desc>a</desc></active_tag>"
+                                     "<active_tag><desc>b</desc></active_tag><rectangle/>"));
+    QCOMPARE(m_host->registeredTags.size(), 2);
+    const QList<Annotation *> marks = Oxn::marks(*m_page);
+    QCOMPARE(marks.size(), 4);
+    for (const int i : {0, 1}) {
+        const auto [tag, page] = m_host->registeredTags.at(i);
+        QCOMPARE(tag, dynamic_cast<ActiveElement *>(marks.at(i + 1)));
+        QCOMPARE(page, m_page.get());
+        QCOMPARE(tag->description(), i == 0 ? "a" : "b");
+    }
+    // Unlike all other marks they can be undone away, and make the document modified.
+    QVERIFY(m_page->isModified());
+    m_page->activateUndoStack();
+    QCOMPARE(m_host->group->activeStack()->count(), 2);
+    m_host->group->undo();
+    m_host->group->undo();
+    QVERIFY(!m_host->group->canUndo());
+    QCOMPARE(Oxn::marks(*m_page), (QList<Annotation *>{marks.at(0), marks.at(3)}));
+    QVERIFY(!m_files->saved(*m_page).contains("active_tag"));
+    m_host->group->redo();
+    QCOMPARE(m_files->saved(*m_page).count("<active_tag "), 1);
+}
+
+void TestOxnReading::activeTagsBesideALaterFailure()
+{
+    QVERIFY(!loadInside("<active_tag><desc>a</desc></active_tag><img_contents/>"));
+    QCOMPARE(m_boxes.size(), 1);
+    QCOMPARE(m_host->registeredTags.size(), 1);
+    QCOMPARE(Oxn::marks(*m_page).size(), 1);
+    m_page.reset();
+    // One that cannot be read at all leaves nothing behind.
+    m_page = std::make_unique<Page>(m_host.get());
+    QVERIFY(!loadInside(textElement + "<active_tag><desc>a</desc></active_tag><active_tag>"));
+    QCOMPARE(m_host->registeredTags.size(), 1);
+    QVERIFY(Oxn::marks(*m_page).isEmpty());
+}
+
+void TestOxnReading::manyActiveTags()
+{
+    constexpr int count = 2000;
+    QVERIFY(loadInside(textElement + QByteArray("<active_tag><desc>word</desc></active_tag>").repeated(count)));
+    QCOMPARE(m_host->registeredTags.size(), count);
+    const QByteArray once = m_files->saved(*m_page);
+    QCOMPARE(once.count("<active_tag "), count);
+    QVERIFY(load(once));
+    QCOMPARE(m_files->saved(*m_page).count("<active_tag "), 2 * count);
 }
 
 void TestOxnReading::unknownNodesAreIgnored_data()
@@ -457,7 +550,7 @@ void TestOxnReading::progressIsShown()
     QVERIFY(load("<Zettelwerk-xml zettel_werk_type='x'><!-- -->\n<?a?><later/>" + textElement +
                  "<pen_line/><pen_line/><pen_line/>x<pen_line/></Zettelwerk-xml>"));
     // Nine nodes, white space aside.
-    QCOMPARE(values, (QList<int>{33, 44, 55, 66, 88, 100}));
+    QCOMPARE(values, (QList<int>{0, 11, 22, 33, 44, 55, 66, 77, 88, 100}));
     QVERIFY(!loadInside("<pen_line"));
     QVERIFY(m_host->bar->value() < m_host->bar->minimum());
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "annotations/activeelement.h"
 #include "annotations/bracketann.h"
 #include "annotations/ellipseann.h"
 #include "annotations/lineann.h"
@@ -99,9 +100,16 @@ void addMarks(Page &page)
     auto *box = new TextBoxAnn;
     box->setFont(QFont(QStringLiteral("Arial"), 12));
     box->setPlainText(QStringLiteral("two\nlines"));
+    auto *tag = new ActiveElement;
+    tag->setCategory(2);
+    tag->setAuthor(QStringLiteral("Zoë & Co"));
+    tag->setPlainText(QStringLiteral("why\n]]> \f?"));
+    tag->setShowDate(true);
+    tag->setDate(QDate(2008, 12, 24));
+    tag->setTime(QTime(1, 2, 3));
     double y = 0;
     for (QGraphicsItem *item :
-         std::initializer_list<QGraphicsItem *>{pen, marker, bracket, line, ellipse, rectangle, box}) {
+         std::initializer_list<QGraphicsItem *>{pen, marker, bracket, line, ellipse, rectangle, box, tag}) {
         item->setPos(10.25, y += 1.0 / 3.0);
         page.addItem(item);
     }
@@ -223,7 +231,7 @@ void TestOxnWriting::treeAsOthersReadIt()
     const QDomElement root = document.documentElement();
     QCOMPARE(root.tagName(), QStringLiteral("Zettelwerk-xml"));
     const QDomNodeList nodes = root.childNodes();
-    QCOMPARE(nodes.size(), 9);
+    QCOMPARE(nodes.size(), 10);
     QVERIFY(nodes.at(0).isComment());
     QCOMPARE(nodes.at(0).nodeValue(), QStringLiteral("This file was generated automatically. Do not modify it!"));
     QCOMPARE(nodes.at(1).nodeName(), QStringLiteral("text_contents"));

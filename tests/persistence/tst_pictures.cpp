@@ -39,6 +39,8 @@ private slots:
     void pictureFormats();
     void pictureThatCannotBeSaved();
     void emptySceneCannotBeSaved();
+    void sceneBeyondAllSizes_data();
+    void sceneBeyondAllSizes();
     void imageSavedAsTextIsEmpty();
     void unwritablePictureIsNotReplaced();
     void nothingIsSavedOfNoPage();
@@ -224,6 +226,24 @@ void TestPictures::emptySceneCannotBeSaved()
     m_page->setSceneRect(0, 0, 0.9, 10);
     QVERIFY(!IoSystem::instance()->saveImage(m_page.get(), path("a.png")));
     QCOMPARE(bytesIn(path("a.png")), QByteArray("old"));
+}
+
+void TestPictures::sceneBeyondAllSizes_data()
+{
+    QTest::addColumn<QRectF>("rect");
+    QTest::newRow("wide") << QRectF(0, 0, 1e38, 5);
+    QTest::newRow("high") << QRectF(0, -1e38, 5, 1e38);
+    QTest::newRow("as small as any once cut to 32 bits") << QRectF(0, 0, 4294967396.0, 100);
+    QTest::newRow("more than there is memory for") << QRectF(0, 0, 90'000, 90'000);
+    QTest::newRow("no number") << QRectF(0, 0, qQNaN(), 5);
+    QTest::newRow("empty") << QRectF(0, 0, 0.5, 100);
+}
+
+void TestPictures::sceneBeyondAllSizes()
+{
+    QFETCH(const QRectF, rect);
+    QGraphicsScene scene(rect);
+    QVERIFY(renderPicture(&scene).isNull());
 }
 
 void TestPictures::imageSavedAsTextIsEmpty()

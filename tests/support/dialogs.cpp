@@ -5,6 +5,9 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QTest>
+
+#include <algorithm>
 
 namespace {
 
@@ -17,6 +20,11 @@ DialogAnswers::DialogAnswers()
 {
     connect(&m_timer, &QTimer::timeout, this, &DialogAnswers::poll);
     m_timer.start(dialogPollInterval);
+}
+
+DialogAnswers::DialogAnswers(DialogAnswer answer) : DialogAnswers()
+{
+    handle(std::move(answer));
 }
 
 DialogAnswers::~DialogAnswers() = default;
@@ -59,8 +67,9 @@ void DialogAnswers::reject()
     handle([](QDialog *dialog) { dialog->reject(); });
 }
 
-void DialogAnswers::handle(std::function<void(QDialog *)> answer)
+void DialogAnswers::handle(DialogAnswer answer)
 {
+    ++m_expected;
     m_answers.append(std::move(answer));
 }
 
@@ -72,6 +81,13 @@ const QList<SeenDialog> &DialogAnswers::seen() const
 qsizetype DialogAnswers::left() const
 {
     return m_answers.size();
+}
+
+bool DialogAnswers::allGiven() const
+{
+    const auto isOpen = [](const QPointer<QDialog> &dialog) { return dialog && dialog->isVisible(); };
+    return m_answers.isEmpty() && m_seen.size() == m_expected &&
+           std::none_of(m_answered.begin(), m_answered.end(), isOpen);
 }
 
 QStringList DialogAnswers::texts() const
@@ -99,6 +115,9 @@ void DialogAnswers::poll()
     }
     m_waited = 0;
     m_answered.append(dialog);
+    // A dialog that is kept for later may come up again.
+    connect(
+        dialog, &QDialog::finished, this, [this, dialog] { m_answered.removeAll(dialog); }, Qt::SingleShotConnection);
     record(dialog);
     if (m_answers.isEmpty()) {
         qWarning("Nobody expected the window \"%s\": %s", qPrintable(m_seen.constLast().title),
@@ -127,4 +146,21 @@ void DialogAnswers::record(QDialog *dialog)
         seen.directory = fileDialog->directory().path();
     }
     m_seen.append(seen);
+}
+
+DialogAnswer pressKey(Qt::Key key)
+{
+    return [key](QDialog *dialog) {
+        QWidget *focused = dialog->focusWidget();
+        QTest::keyClick(focused ? focused : dialog, key);
+    };
+}
+
+DialogAnswer clickButton(const QString &objectName)
+{
+    return [objectName](QDialog *dialog) {
+        auto *button = dialog->findChild<QAbstractButton *>(objectName);
+        QVERIFY2(button, qPrintable(QStringLiteral("the dialog has no button named ") + objectName));
+        QTest::mouseClick(button, Qt::LeftButton);
+    };
 }

@@ -23,6 +23,9 @@ struct SeenDialog
     QWidget *parent = nullptr;
 };
 
+/// What is done to a modal window that came up; it must see to it that the window closes.
+using DialogAnswer = std::function<void(QDialog *)>;
+
 /// Answers the modal windows that come up while it lives, in the order in which the answers were given.
 ///
 /// \code
@@ -41,6 +44,8 @@ class DialogAnswers : public QObject
 
 public:
     DialogAnswers();
+    /// With a first answer.
+    explicit DialogAnswers(DialogAnswer answer);
     ~DialogAnswers() override;
 
     /// Clicks this button of the next window, which must be a message box that has it.
@@ -51,12 +56,14 @@ public:
     /// Accepts or rejects the next window, whatever it is.
     void accept();
     void reject();
-    /// Hands the next window to @p answer, which must see to it that it closes.
-    void handle(std::function<void(QDialog *)> answer);
+    /// Hands the next window to @p answer.
+    void handle(DialogAnswer answer);
 
     const QList<SeenDialog> &seen() const;
     /// Answers not used yet.
     qsizetype left() const;
+    /// Whether there was a window for each answer, and none besides, and all of them have closed.
+    bool allGiven() const;
     /// The texts of all message boxes seen, for a comparison in one line.
     QStringList texts() const;
 
@@ -65,8 +72,14 @@ private:
     void record(QDialog *dialog);
 
     QTimer m_timer;
-    QList<std::function<void(QDialog *)>> m_answers;
+    QList<DialogAnswer> m_answers;
+    qsizetype m_expected = 0; ///< How many answers there were in all.
     QList<SeenDialog> m_seen;
     QList<QPointer<QDialog>> m_answered;
     int m_waited = 0;
 };
+
+/// Gives @p key to the window's focus widget, as the keyboard would.
+DialogAnswer pressKey(Qt::Key key);
+/// Clicks the button of the window that has this object name.
+DialogAnswer clickButton(const QString &objectName);

@@ -10,6 +10,9 @@
 #include <QUndoGroup>
 #include <QWidget>
 
+#include <functional>
+#include <utility>
+
 /// A window for documents under test: answers as it is told and notes what it was asked to do.
 class FakeHost final : public DocumentHost
 {
@@ -29,7 +32,12 @@ public:
     QString lastOpenDir() const override { return openDir; }
     bool isFullScreen() const override { return fullScreen; }
     void toggleFullScreen() override { fullScreen = !fullScreen; }
-    void registerActiveElement(ActiveElement * /*element*/, Page * /*page*/) override { ++registeredTags; }
+    void registerActiveElement(ActiveElement *element, Page *page) override { registeredTags.append({element, page}); }
+    bool editActiveElement(ActiveElement *element, Qt::WindowFlags flags) override
+    {
+        editedTags.append({element, flags});
+        return editTag && editTag(element);
+    }
 
     QWidget window; ///< First, so that all of the host's children go before it.
     QUndoGroup *group = new QUndoGroup(&window);
@@ -42,5 +50,7 @@ public:
     QStringList currentFiles;
     QString openDir;
     bool fullScreen = false;
-    int registeredTags = 0;
+    QList<std::pair<ActiveElement *, Page *>> registeredTags;
+    QList<std::pair<ActiveElement *, Qt::WindowFlags>> editedTags;
+    std::function<bool(ActiveElement *)> editTag; ///< What happens in a tag's dialog; true if it is accepted.
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The same gestures with every tool at every zoom: what must hold whatever the tool draws.
 #include "annotations/textboxann.h"
+#include "support/dialogs.h"
 #include "support/testmain.h"
 #include "tools/brackettool.h"
 #include "tools/erasertool.h"
@@ -87,12 +88,19 @@ private slots:
     void modeChangeInMidDrag();
     void secondButtonInMidDrag_data() { addToolsAndZooms(); }
     void secondButtonInMidDrag();
+    void boxInMidDrag_data() { addToolsAndZooms(); }
+    void boxInMidDrag();
+    void menuInMidDrag_data() { addToolsAndZooms(); }
+    void menuInMidDrag();
     void toolThatDiesInMidDrag_data() { addToolsAndZooms(); }
     void toolThatDiesInMidDrag();
 
 private:
     /// Marks that a far drag leaves.
     qsizetype marksOfADrag() const { return m_kind.drawsNothing ? 0 : 1; }
+    /// The gesture from start to far has left what it drew until it was interrupted; moves no longer count, the next
+    /// drag does.
+    void verifyGestureIsOver();
 
     ToolKind m_kind;
     std::unique_ptr<Tool> m_tool;
@@ -280,6 +288,51 @@ void TestGestures::secondButtonInMidDrag()
     m_stage->release({300, 200});
     QCOMPARE(m_stage->marks().size(), marksOfADrag());
     QCOMPARE(m_stage->undoSteps(), int(marksOfADrag()));
+}
+
+void TestGestures::verifyGestureIsOver()
+{
+    QCOMPARE(m_stage->marks().size(), marksOfADrag());
+    QCOMPARE(m_stage->undoSteps(), int(marksOfADrag()));
+    QCOMPARE(m_stage->page.isModified(), !m_kind.drawsNothing);
+    const QRectF before = m_stage->page.itemsBoundingRect();
+    m_stage->move({300, 200});
+    m_stage->move({20, 200});
+    QCOMPARE(m_stage->marks().size(), marksOfADrag());
+    QCOMPARE(m_stage->page.itemsBoundingRect(), before);
+    if (!m_kind.drawsNothing)
+        QVERIFY(before.contains(far - QPointF(2, 2)));
+    m_stage->drag({300, 200}, {{310, 210}, {320, 220}});
+    QCOMPARE(m_stage->marks().size(), 2 * marksOfADrag());
+    QCOMPARE(m_stage->undoSteps(), 2 * int(marksOfADrag()));
+}
+
+void TestGestures::boxInMidDrag()
+{
+    m_stage->press(start);
+    m_stage->move({120, 130});
+    m_stage->move(far);
+    DialogAnswers answers;
+    answers.handle([this](QDialog *box) {
+        // A blocked window hears nothing of it.
+        m_stage->move({200, 180});
+        m_stage->release({200, 180});
+        box->accept();
+    });
+    QMessageBox(QMessageBox::Warning, QStringLiteral("Title"), QStringLiteral("Text"), QMessageBox::Ok).exec();
+    QCOMPARE(answers.seen().size(), 1);
+    verifyGestureIsOver();
+}
+
+void TestGestures::menuInMidDrag()
+{
+    m_stage->host.menu->addAction(QStringLiteral("Entry"));
+    m_stage->view.setFocus();
+    m_stage->press(start);
+    m_stage->move({120, 130});
+    m_stage->move(far);
+    m_stage->press(far, Qt::RightButton);
+    verifyGestureIsOver();
 }
 
 void TestGestures::toolThatDiesInMidDrag()

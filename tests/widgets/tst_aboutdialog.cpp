@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/modalanswer.h"
+#include "support/dialogs.h"
 #include "support/testmain.h"
 #include "widgets/aboutdialog.h"
 
@@ -208,14 +208,14 @@ void TestAboutDialog::okCloses()
 {
     AboutDialog dialog;
     {
-        const ModalAnswer answer(clickButton("okButton"));
+        const DialogAnswers answer(clickButton("okButton"));
         QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Accepted));
     }
     {
-        const ModalAnswer answer(pressKey(Qt::Key_Return));
+        const DialogAnswers answer(pressKey(Qt::Key_Return));
         QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Accepted));
     }
-    const ModalAnswer answer(pressKey(Qt::Key_Escape));
+    const DialogAnswers answer(pressKey(Qt::Key_Escape));
     QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Rejected));
 }
 

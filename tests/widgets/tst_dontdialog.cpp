@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/modalanswer.h"
+#include "support/dialogs.h"
 #include "support/testmain.h"
 #include "widgets/dontdialog.h"
 
@@ -19,22 +19,22 @@ const QString baseKey = QStringLiteral("General/WarnRemoveAllAnnotations");
 const QString rememberedKey = QStringLiteral("General/WarnRemoveAllAnnotationsAnswerIsYes");
 
 /// Ticks the box, then clicks the button of that name.
-ModalAnswer::Answer answerForGood(const QString &button)
+DialogAnswer answerForGood(const QString &button)
 {
-    return [button](QWidget *dialog) {
+    return [button](QDialog *dialog) {
         auto *box = dialog->findChild<QCheckBox *>(QStringLiteral("dontCheckBox"));
         QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
         clickButton(button)(dialog);
     };
 }
 
-int askedWith(int kind, const ModalAnswer::Answer &answer, bool *shown = nullptr)
+int askedWith(int kind, const DialogAnswer &answer, bool *shown = nullptr)
 {
     DontDialog dialog("Warning", "Continue?", kind, baseKey, nullptr);
-    const ModalAnswer answering(answer);
+    const DialogAnswers answering(answer);
     const int result = dialog.exec();
     if (shown)
-        *shown = answering.appeared();
+        *shown = !answering.seen().isEmpty();
     return result;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/modalanswer.h"
+#include "support/dialogs.h"
 #include "support/testmain.h"
 #include "widgets/colorpickerbutton.h"
 #include "widgets/colorpickeritem.h"
@@ -633,9 +633,9 @@ void TestQtColorPicker::oneKeyOneDialog()
     ColorPickerPopup *popup = popupOf(picker);
     cellAt(popup, 3, 2)->setFocus();
     {
-        const ModalAnswer answer(pressKey(Qt::Key_Escape));
+        const DialogAnswers answer(pressKey(Qt::Key_Escape));
         typeInto(popup, key);
-        QVERIFY(answer.succeeded());
+        QVERIFY(answer.allGiven());
     }
     QVERIFY(!popup->isVisible());
     QVERIFY(!picker.isChecked());
@@ -644,9 +644,9 @@ void TestQtColorPicker::oneKeyOneDialog()
     // A key that only the popup sees does the same.
     QVERIFY(openPopup(picker));
     cellAt(popup, 3, 2)->setFocus();
-    const ModalAnswer answer(pressKey(Qt::Key_Escape));
+    const DialogAnswers answer(pressKey(Qt::Key_Escape));
     QTest::keyClick(popup, key);
-    QVERIFY(answer.succeeded());
+    QVERIFY(answer.allGiven());
     QVERIFY(!QApplication::activeModalWidget());
 }
 
@@ -658,13 +658,13 @@ void TestQtColorPicker::clickOpensTheDialog()
     QVERIFY(openPopup(picker));
     bool alpha = false;
     bool popupShown = true;
-    const ModalAnswer answer([&](QWidget *dialog) {
+    const DialogAnswers answer([&](QWidget *dialog) {
         alpha = qobject_cast<QColorDialog *>(dialog)->testOption(QColorDialog::ShowAlphaChannel);
         popupShown = popupOf(picker)->isVisible();
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
     QTest::mouseClick(cellAt(popupOf(picker), 3, 2), Qt::LeftButton);
-    QVERIFY(answer.succeeded());
+    QVERIFY(answer.allGiven());
     QVERIFY(alpha);
     QVERIFY(!popupShown);
 }
@@ -677,12 +677,12 @@ void TestQtColorPicker::dialogStartsFromTheLastChosenColor()
     QVERIFY(openPopup(picker));
     QTest::mouseClick(popupOf(picker)->find(Qt::magenta), Qt::LeftButton);
     QColor start;
-    const ModalAnswer answer([&start](QWidget *dialog) {
+    const DialogAnswers answer([&start](QWidget *dialog) {
         start = qobject_cast<QColorDialog *>(dialog)->currentColor();
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
     popupOf(picker)->getColorFromDialog();
-    QVERIFY(answer.succeeded());
+    QVERIFY(answer.allGiven());
     QCOMPARE(start, QColor(Qt::magenta));
 }
 
@@ -692,13 +692,13 @@ void TestQtColorPicker::dialogColorIsTakenWithItsAlpha()
     picker.setStandardColors();
     QSignalSpy changed(&picker, &QtColorPicker::colorChanged);
     const QColor mixed(200, 100, 50, 128);
-    const ModalAnswer answer([mixed](QWidget *dialog) {
+    const DialogAnswers answer([mixed](QWidget *dialog) {
         auto *colors = qobject_cast<QColorDialog *>(dialog);
         colors->setCurrentColor(mixed);
         colors->accept();
     });
     popupOf(picker)->getColorFromDialog();
-    QVERIFY(answer.succeeded());
+    QVERIFY(answer.allGiven());
     QCOMPARE(changed.count(), 1);
     QCOMPARE(picker.currentColor(), mixed);
     QCOMPARE(itemsOf(popupOf(picker)).size(), 18);
@@ -710,13 +710,13 @@ void TestQtColorPicker::dialogColorOfTheGridAddsNoCell()
 {
     QtColorPicker picker(nullptr, -1, true);
     picker.setStandardColors();
-    const ModalAnswer answer([](QWidget *dialog) {
+    const DialogAnswers answer([](QWidget *dialog) {
         auto *colors = qobject_cast<QColorDialog *>(dialog);
         colors->setCurrentColor(QColor::fromHsv(120, 255, 255));
         colors->accept();
     });
     popupOf(picker)->getColorFromDialog();
-    QVERIFY(answer.succeeded());
+    QVERIFY(answer.allGiven());
     QCOMPARE(picker.currentColor(), QColor(Qt::green));
     QCOMPARE(picker.text(), "Green");
     QCOMPARE(itemsOf(popupOf(picker)).size(), 17);
@@ -728,12 +728,12 @@ void TestQtColorPicker::cancelledDialogChangesNothing()
     picker.setStandardColors();
     picker.setCurrentColor(Qt::red);
     QSignalSpy changed(&picker, &QtColorPicker::colorChanged);
-    const ModalAnswer answer([](QWidget *dialog) {
+    const DialogAnswers answer([](QWidget *dialog) {
         qobject_cast<QColorDialog *>(dialog)->setCurrentColor(Qt::blue);
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
     popupOf(picker)->getColorFromDialog();
-    QVERIFY(answer.succeeded());
+    QVERIFY(answer.allGiven());
     QCOMPARE(changed.count(), 0);
     QCOMPARE(picker.currentColor(), QColor(Qt::red));
     QCOMPARE(itemsOf(popupOf(picker)).size(), 17);
@@ -747,9 +747,9 @@ void TestQtColorPicker::deletedWhileTheDialogRuns()
     QVERIFY(openPopup(*picker));
     cellAt(popupOf(*picker), 3, 2)->setFocus();
     const QPointer<QtColorPicker> watched(picker);
-    const ModalAnswer answer([picker](QWidget *) { delete picker; });
+    const DialogAnswers answer([picker](QWidget *) { delete picker; });
     typeInto(popupOf(*picker), Qt::Key_Return);
-    QVERIFY(answer.appeared());
+    QVERIFY(!answer.seen().isEmpty());
     QVERIFY(!watched);
     QVERIFY(!QApplication::activeModalWidget());
 }

@@ -250,6 +250,9 @@ void TestQtDotNetStyle::toolBarGradient_data()
     for (const int number : {0, 1, 2, 4}) {
         QTest::addRow("%d, light", number) << number << lightPalette();
         QTest::addRow("%d, dark", number) << number << darkPalette();
+        QPalette blue = lightPalette();
+        blue.setColor(QPalette::Highlight, QColor(0, 120, 215));
+        QTest::addRow("%d, strong blue", number) << number << blue;
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/modalanswer.h"
+#include "support/dialogs.h"
 #include "support/testmain.h"
 #include "widgets/qtfulltoolbarmanager.h"
 #include "widgets/qttoolbardialog.h"
@@ -478,14 +478,14 @@ void TestQtToolBarDialog::runsModally()
     CustomizedWindow window;
     QtToolBarDialog dialog;
     dialog.setToolBarManager(&window.manager);
-    const ModalAnswer answer([](QWidget *shown) {
+    const DialogAnswers answer([](QDialog *shown) {
         auto *list = shown->findChild<QListWidget *>("currentToolBarList");
         list->setCurrentRow(1);
         clickButton("leftButton")(shown);
         QTest::keyClick(shown->findChild<QTreeWidget *>("actionTree"), Qt::Key_Return); // OK is the default button
     });
     QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Accepted));
-    QVERIFY(answer.succeeded());
+    QVERIFY(answer.allGiven());
     QCOMPARE(CustomizedWindow::shown(window.lines), QStringList({"A", "B"}));
 }
 

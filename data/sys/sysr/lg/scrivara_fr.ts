@@ -41,6 +41,96 @@
     </message>
 </context>
 <context>
+    <name>ActiveElementDialog</name>
+    <message>
+        <source>Active Tag</source>
+        <translation>Étiquette active</translation>
+    </message>
+    <message>
+        <source>Font family</source>
+        <translation>Police</translation>
+    </message>
+    <message>
+        <source>Font size</source>
+        <translation>Taille de police</translation>
+    </message>
+    <message>
+        <source>Text color</source>
+        <translation>Couleur du texte</translation>
+    </message>
+    <message>
+        <source>Background color</source>
+        <translation>Couleur du fond</translation>
+    </message>
+    <message>
+        <source>Description of Active Tag</source>
+        <translation>Description de l’étiquette active</translation>
+    </message>
+    <message>
+        <source>&amp;Author:</source>
+        <translation>&amp;Auteur :</translation>
+    </message>
+    <message>
+        <source>Add date and time</source>
+        <translation>Ajouter la date et l’heure</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>ActiveElementsList</name>
+    <message>
+        <source>Active Elements List</source>
+        <translation>Liste des éléments actifs</translation>
+    </message>
+    <message>
+        <source>Show: </source>
+        <translation>Afficher : </translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Tout</translation>
+    </message>
+    <message>
+        <source>Ideas</source>
+        <translation>Idées</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notes</translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation>Questions</translation>
+    </message>
+    <message>
+        <source>Important</source>
+        <translation>Important</translation>
+    </message>
+    <message>
+        <source>Bugs</source>
+        <translation>Bogues</translation>
+    </message>
+    <message>
+        <source>only current page</source>
+        <translation>page courante seulement</translation>
+    </message>
+    <message>
+        <source>zero </source>
+        <translation>zéro </translation>
+    </message>
+    <message>
+        <source>zero</source>
+        <translation>zéro</translation>
+    </message>
+</context>
+<context>
     <name>ColorPickerPopup</name>
     <message>
         <source>Custom</source>
@@ -49,6 +139,77 @@
     <message>
         <source>More colors</source>
         <translation>Autres couleurs</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigDialog</name>
+    <message>
+        <source>Pen Tool</source>
+        <translation>Outil Stylo</translation>
+    </message>
+    <message>
+        <source>Marker Tool</source>
+        <translation>Outil Surligneur</translation>
+    </message>
+    <message>
+        <source>TextBox Tool</source>
+        <translation>Outil Zone de texte</translation>
+    </message>
+    <message>
+        <source>Line Tool</source>
+        <translation>Outil Ligne</translation>
+    </message>
+    <message>
+        <source>Shape Tool</source>
+        <translation>Outil Forme</translation>
+    </message>
+    <message>
+        <source>Snapshot Tool</source>
+        <translation>Outil Instantané</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+    <message>
+        <source>Syntax</source>
+        <translation>Syntaxe</translation>
+    </message>
+    <message>
+        <source>Printout</source>
+        <translation>Impression</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Imprimer</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Autres</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-mail</translation>
+    </message>
+    <message>
+        <source>Kestrin 7 - Settings</source>
+        <translation>Kestrin 7 - Paramètres</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -86,6 +247,60 @@
     </message>
 </context>
 <context>
+    <name>EmailSettPanel</name>
+    <message>
+        <source>  E-mail settings:</source>
+        <translation>  Paramètres de messagerie :</translation>
+    </message>
+    <message>
+        <source>Client:</source>
+        <translation>Client :</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Parcourir...</translation>
+    </message>
+    <message>
+        <source>Use Default</source>
+        <translation>Par défaut</translation>
+    </message>
+    <message>
+        <source>Attach current file to e-mail</source>
+        <translation>Joindre le fichier courant au message</translation>
+    </message>
+    <message>
+        <source>  Format of attachment:</source>
+        <translation>  Format de la pièce jointe :</translation>
+    </message>
+    <message>
+        <source>OXN  (Annotated file)</source>
+        <translation>OXN  (fichier annoté)</translation>
+    </message>
+    <message>
+        <source>PDF  (Portable Document Format)</source>
+        <translation>PDF  (Portable Document Format)</translation>
+    </message>
+    <message>
+        <source>PNG  (Portable Network Graphics)</source>
+        <translation>PNG  (Portable Network Graphics)</translation>
+    </message>
+    <message>
+        <source>Keep original format</source>
+        <translation>Conserver le format d’origine</translation>
+    </message>
+</context>
+<context>
+    <name>EmailTab</name>
+    <message>
+        <source>Select E-mail Client</source>
+        <translation>Choisir le client de messagerie</translation>
+    </message>
+    <message>
+        <source>Executable files: (*.exe)</source>
+        <translation>Fichiers exécutables : (*.exe)</translation>
+    </message>
+</context>
+<context>
     <name>EventLog</name>
     <message>
         <source>Application Crashed</source>
@@ -105,6 +320,53 @@
     <message>
         <source>Quit Kestrin 7</source>
         <translation>Quitter Kestrin 7</translation>
+    </message>
+</context>
+<context>
+    <name>GroupDialog</name>
+    <message>
+        <source>Edit Patterns</source>
+        <translation>Modifier les motifs</translation>
+    </message>
+    <message>
+        <source>Patterns:</source>
+        <translation>Motifs :</translation>
+    </message>
+    <message>
+        <source>New...</source>
+        <translation>Nouveau...</translation>
+    </message>
+    <message>
+        <source>Edit...</source>
+        <translation>Modifier...</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>New pattern</source>
+        <translation>Nouveau motif</translation>
+    </message>
+    <message>
+        <source>New element&apos;s pattern: </source>
+        <translation>Motif du nouvel élément : </translation>
+    </message>
+    <message>
+        <source>Edit pattern</source>
+        <translation>Modifier le motif</translation>
+    </message>
+    <message>
+        <source>Edit element&apos;s pattern: </source>
+        <translation>Modifier le motif de l’élément : </translation>
     </message>
 </context>
 <context>
@@ -158,6 +420,52 @@ Code d’erreur&#xa0;: </translation>
     <message>
         <source>Link to image file [%1] doesn&apos;t exist!</source>
         <translation>Le fichier image lié [%1] n’existe pas&#xa0;!</translation>
+    </message>
+</context>
+<context>
+    <name>LineAndBracketSettPanel</name>
+    <message>
+        <source>  Line / Bracket settings:</source>
+        <translation>  Paramètres des lignes et accolades :</translation>
+    </message>
+    <message>
+        <source>Line width:</source>
+        <translation>Épaisseur :</translation>
+    </message>
+    <message>
+        <source>Line style:</source>
+        <translation>Style de ligne :</translation>
+    </message>
+    <message>
+        <source>Switch on antialiasing</source>
+        <translation>Activer le lissage des contours</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Afficher la sélection</translation>
+    </message>
+</context>
+<context>
+    <name>LineStyles</name>
+    <message>
+        <source>Solid</source>
+        <translation>Continu</translation>
+    </message>
+    <message>
+        <source>Dash</source>
+        <translation>Tirets</translation>
+    </message>
+    <message>
+        <source>Dot</source>
+        <translation>Points</translation>
+    </message>
+    <message>
+        <source>Dash Dot</source>
+        <translation>Tiret-point</translation>
+    </message>
+    <message>
+        <source>Dash Dot Dot</source>
+        <translation>Tiret-point-point</translation>
     </message>
 </context>
 <context>
@@ -548,6 +856,92 @@ Code d’erreur&#xa0;: </translation>
     </message>
 </context>
 <context>
+    <name>MarkerSettPanel</name>
+    <message>
+        <source>Marker Settings</source>
+        <translation>Paramètres du surligneur</translation>
+    </message>
+    <message>
+        <source>  Marker settings:</source>
+        <translation>  Paramètres du surligneur :</translation>
+    </message>
+    <message>
+        <source>Line width:</source>
+        <translation>Épaisseur :</translation>
+    </message>
+    <message>
+        <source>Transparency [%]:</source>
+        <translation>Transparence [%] :</translation>
+    </message>
+    <message>
+        <source>Switch on antialiasing</source>
+        <translation>Activer le lissage des contours</translation>
+    </message>
+    <message>
+        <source>Switch on line smoothing (reduces size of output file)</source>
+        <translation>Lisser les lignes (réduit la taille du fichier)</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Afficher la sélection</translation>
+    </message>
+</context>
+<context>
+    <name>OtherSettPanel</name>
+    <message>
+        <source>  Export to:</source>
+        <translation>  Exporter en :</translation>
+    </message>
+    <message>
+        <source>PDF (Portable Document Format)</source>
+        <translation>PDF (Portable Document Format)</translation>
+    </message>
+    <message>
+        <source>PS (PostScript)</source>
+        <translation>PS (PostScript)</translation>
+    </message>
+    <message>
+        <source>  Other settings:</source>
+        <translation>  Autres paramètres :</translation>
+    </message>
+    <message>
+        <source>Number of recent files:</source>
+        <translation>Nombre de fichiers récents :</translation>
+    </message>
+    <message>
+        <source>Tabs position:</source>
+        <translation>Position des onglets :</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>À gauche</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>En bas</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>En haut</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>À droite</translation>
+    </message>
+    <message>
+        <source>Switch to fullscreen mode at startup</source>
+        <translation>Passer en plein écran au démarrage</translation>
+    </message>
+    <message>
+        <source>Synchronize Annotations with text</source>
+        <translation>Synchroniser les annotations avec le texte</translation>
+    </message>
+    <message>
+        <source>Warn before all Annotations removal</source>
+        <translation>Avertir avant de supprimer toutes les annotations</translation>
+    </message>
+</context>
+<context>
     <name>Page</name>
     <message>
         <source>I/O Error</source>
@@ -636,6 +1030,48 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>PageViewSettPanel</name>
+    <message>
+        <source>  Default page settings:</source>
+        <translation>  Paramètres de page par défaut :</translation>
+    </message>
+    <message>
+        <source>Show line numbers</source>
+        <translation>Afficher les numéros de ligne</translation>
+    </message>
+    <message>
+        <source>Background color:</source>
+        <translation>Couleur du fond :</translation>
+    </message>
+    <message>
+        <source>Text color:</source>
+        <translation>Couleur du texte :</translation>
+    </message>
+    <message>
+        <source>Font family:</source>
+        <translation>Police :</translation>
+    </message>
+    <message>
+        <source>Font size:</source>
+        <translation>Taille de police :</translation>
+    </message>
+    <message>
+        <source>  Current page font settings:</source>
+        <translation>  Police de la page courante :</translation>
+    </message>
+</context>
+<context>
+    <name>PageViewTab</name>
+    <message>
+        <source>Background Color</source>
+        <translation>Couleur du fond</translation>
+    </message>
+    <message>
+        <source>Font Color</source>
+        <translation>Couleur de police</translation>
+    </message>
+</context>
+<context>
     <name>PaperFile</name>
     <message>
         <source>The program &quot;pdftocairo&quot;, which makes PostScript files, was not found.</source>
@@ -652,6 +1088,68 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     <message>
         <source>Can&apos;t save file %1</source>
         <translation>Impossible d’enregistrer le fichier %1</translation>
+    </message>
+</context>
+<context>
+    <name>PenSettPanel</name>
+    <message>
+        <source>Pen Settings</source>
+        <translation>Paramètres du stylo</translation>
+    </message>
+    <message>
+        <source>  Pen settings:</source>
+        <translation>  Paramètres du stylo :</translation>
+    </message>
+    <message>
+        <source>Line width:</source>
+        <translation>Épaisseur :</translation>
+    </message>
+    <message>
+        <source>Transparency [%]:</source>
+        <translation>Transparence [%] :</translation>
+    </message>
+    <message>
+        <source>Switch on antialiasing</source>
+        <translation>Activer le lissage des contours</translation>
+    </message>
+    <message>
+        <source>Switch on line smoothing (reduces size of output file)</source>
+        <translation>Lisser les lignes (réduit la taille du fichier)</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Afficher la sélection</translation>
+    </message>
+</context>
+<context>
+    <name>PrintSettPanel</name>
+    <message>
+        <source>  Printout settings:</source>
+        <translation>  Paramètres d’impression :</translation>
+    </message>
+    <message>
+        <source>Print header:</source>
+        <translation>Imprimer l’en-tête :</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>Nom du fichier</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Date et heure</translation>
+    </message>
+    <message>
+        <source>Page numbers</source>
+        <translation>Numéros de page</translation>
+    </message>
+    <message>
+        <source>Print Annotations</source>
+        <translation>Imprimer les annotations</translation>
+    </message>
+    <message>
+        <source>Print line numbers</source>
+        <translation>Imprimer les numéros de ligne</translation>
     </message>
 </context>
 <context>
@@ -825,6 +1323,33 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     <message>
         <source>Save As File</source>
         <translation>Enregistrer sous</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenshotSettPanel</name>
+    <message>
+        <source>  Snapshot tool settings:</source>
+        <translation>  Paramètres de l’outil Instantané :</translation>
+    </message>
+    <message>
+        <source>Copy captured view to clipboard</source>
+        <translation>Copier la vue capturée dans le presse-papiers</translation>
+    </message>
+    <message>
+        <source>Save captured view to file</source>
+        <translation>Enregistrer la vue capturée dans un fichier</translation>
+    </message>
+    <message>
+        <source>Send captured view via e-mail</source>
+        <translation>Envoyer la vue capturée par e-mail</translation>
+    </message>
+    <message>
+        <source>Use Snapshot tool once (switch to previous tool)</source>
+        <translation>Utiliser l’Instantané une fois (revenir à l’outil précédent)</translation>
+    </message>
+    <message>
+        <source>Inform about captured view in clipboard</source>
+        <translation>Signaler la vue capturée dans le presse-papiers</translation>
     </message>
 </context>
 <context>
@@ -1439,6 +1964,99 @@ Voulez-vous continuer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>ShapeSettPanel</name>
+    <message>
+        <source>  Rectangle / Ellipse settings:</source>
+        <translation>  Paramètres du rectangle et de l’ellipse :</translation>
+    </message>
+    <message>
+        <source>Line width:</source>
+        <translation>Épaisseur :</translation>
+    </message>
+    <message>
+        <source>Line style:</source>
+        <translation>Style de ligne :</translation>
+    </message>
+    <message>
+        <source>Transparency [%]:</source>
+        <translation>Transparence [%] :</translation>
+    </message>
+    <message>
+        <source>Switch on antialiasing</source>
+        <translation>Activer le lissage des contours</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Afficher la sélection</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsChart</name>
+    <message>
+        <source>comments</source>
+        <translation>commentaires</translation>
+    </message>
+    <message>
+        <source>code</source>
+        <translation>code</translation>
+    </message>
+    <message>
+        <source>empty lines</source>
+        <translation>lignes vides</translation>
+    </message>
+    <message>
+        <source>Total # of lines: %1</source>
+        <translation>Nombre de lignes : %1</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsDialog</name>
+    <message>
+        <source>Zettelwerk - Source Code Statistics</source>
+        <translation>Zettelwerk - Statistiques du code source</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Imprimer</translation>
+    </message>
+    <message>
+        <source>Export to PDF</source>
+        <translation>Exporter en PDF</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Tot Lines</source>
+        <translation>Lignes</translation>
+    </message>
+    <message>
+        <source>Cod Lines</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Com Lines</source>
+        <translation>Comment.</translation>
+    </message>
+    <message>
+        <source>Emp Lines</source>
+        <translation>Vides</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Fichiers</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>Graphique</translation>
+    </message>
+</context>
+<context>
     <name>SyntaxFile</name>
     <message>
         <source>Warning</source>
@@ -1455,6 +2073,107 @@ Voulez-vous continuer&#xa0;?</translation>
     <message>
         <source>Format of syntax file &apos;%1&apos; is wrong!</source>
         <translation>Le format du fichier de syntaxe «&#xa0;%1&#xa0;» est incorrect&#xa0;!</translation>
+    </message>
+</context>
+<context>
+    <name>SyntaxSettPanel</name>
+    <message>
+        <source>  Syntax highlighting:</source>
+        <translation>  Coloration syntaxique :</translation>
+    </message>
+    <message>
+        <source>File extension:</source>
+        <translation>Extension de fichier :</translation>
+    </message>
+    <message>
+        <source>New...</source>
+        <translation>Nouveau...</translation>
+    </message>
+    <message>
+        <source>Highlighted elements:</source>
+        <translation>Éléments colorés :</translation>
+    </message>
+    <message>
+        <source>Keywords</source>
+        <translation>Mots-clés</translation>
+    </message>
+    <message>
+        <source>Types</source>
+        <translation>Types</translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation>Commentaires</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>Edit...</source>
+        <translation>Modifier...</translation>
+    </message>
+    <message>
+        <source>Font...</source>
+        <translation>Police...</translation>
+    </message>
+    <message>
+        <source>Color...</source>
+        <translation>Couleur...</translation>
+    </message>
+    <message>
+        <source>Background Color...</source>
+        <translation>Couleur du fond...</translation>
+    </message>
+    <message>
+        <source>Highlight syntax by default</source>
+        <translation>Colorer la syntaxe par défaut</translation>
+    </message>
+</context>
+<context>
+    <name>SyntaxTab</name>
+    <message>
+        <source>Warning</source>
+        <translation>Avertissement</translation>
+    </message>
+    <message>
+        <source>Can&apos;t save syntax file: %1 !</source>
+        <translation>Impossible d’enregistrer le fichier de syntaxe : %1 !</translation>
+    </message>
+    <message>
+        <source>Register extension</source>
+        <translation>Enregistrer une extension</translation>
+    </message>
+    <message>
+        <source>New file extension: </source>
+        <translation>Nouvelle extension de fichier : </translation>
+    </message>
+    <message>
+        <source>This file extension is already registered!</source>
+        <translation>Cette extension de fichier est déjà enregistrée !</translation>
+    </message>
+</context>
+<context>
+    <name>TextBoxSettPanel</name>
+    <message>
+        <source>TextBox Settings</source>
+        <translation>Paramètres de la zone de texte</translation>
+    </message>
+    <message>
+        <source>  TextBox settings:</source>
+        <translation>  Paramètres de la zone de texte :</translation>
+    </message>
+    <message>
+        <source>Font family:</source>
+        <translation>Police :</translation>
+    </message>
+    <message>
+        <source>Font size:</source>
+        <translation>Taille de police :</translation>
+    </message>
+    <message>
+        <source>Use TextBox tool once (switch to previous tool)</source>
+        <translation>Utiliser la zone de texte une fois (revenir à l’outil précédent)</translation>
     </message>
 </context>
 <context>

@@ -41,6 +41,96 @@
     </message>
 </context>
 <context>
+    <name>ActiveElementDialog</name>
+    <message>
+        <source>Active Tag</source>
+        <translation>Aktywny znacznik</translation>
+    </message>
+    <message>
+        <source>Font family</source>
+        <translation>Krój pisma</translation>
+    </message>
+    <message>
+        <source>Font size</source>
+        <translation>Rozmiar pisma</translation>
+    </message>
+    <message>
+        <source>Text color</source>
+        <translation>Kolor tekstu</translation>
+    </message>
+    <message>
+        <source>Background color</source>
+        <translation>Kolor tła</translation>
+    </message>
+    <message>
+        <source>Description of Active Tag</source>
+        <translation>Opis aktywnego znacznika</translation>
+    </message>
+    <message>
+        <source>&amp;Author:</source>
+        <translation>&amp;Autor:</translation>
+    </message>
+    <message>
+        <source>Add date and time</source>
+        <translation>Dodaj datę i godzinę</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Anuluj</translation>
+    </message>
+</context>
+<context>
+    <name>ActiveElementsList</name>
+    <message>
+        <source>Active Elements List</source>
+        <translation>Lista aktywnych elementów</translation>
+    </message>
+    <message>
+        <source>Show: </source>
+        <translation>Pokaż: </translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Wszystkie</translation>
+    </message>
+    <message>
+        <source>Ideas</source>
+        <translation>Pomysły</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notatki</translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation>Pytania</translation>
+    </message>
+    <message>
+        <source>Important</source>
+        <translation>Ważne</translation>
+    </message>
+    <message>
+        <source>Bugs</source>
+        <translation>Błędy</translation>
+    </message>
+    <message>
+        <source>only current page</source>
+        <translation>tylko bieżąca strona</translation>
+    </message>
+    <message>
+        <source>zero </source>
+        <translation>zero </translation>
+    </message>
+    <message>
+        <source>zero</source>
+        <translation>zero</translation>
+    </message>
+</context>
+<context>
     <name>ColorPickerPopup</name>
     <message>
         <source>Custom</source>
@@ -49,6 +139,77 @@
     <message>
         <source>More colors</source>
         <translation>Więcej kolorów</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigDialog</name>
+    <message>
+        <source>Pen Tool</source>
+        <translation>Narzędzie Pisak</translation>
+    </message>
+    <message>
+        <source>Marker Tool</source>
+        <translation>Narzędzie Zakreślacz</translation>
+    </message>
+    <message>
+        <source>TextBox Tool</source>
+        <translation>Narzędzie Pole tekstowe</translation>
+    </message>
+    <message>
+        <source>Line Tool</source>
+        <translation>Narzędzie Linia</translation>
+    </message>
+    <message>
+        <source>Shape Tool</source>
+        <translation>Narzędzie Kształt</translation>
+    </message>
+    <message>
+        <source>Snapshot Tool</source>
+        <translation>Narzędzie Migawka</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Strona</translation>
+    </message>
+    <message>
+        <source>Syntax</source>
+        <translation>Składnia</translation>
+    </message>
+    <message>
+        <source>Printout</source>
+        <translation>Wydruk</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drukuj</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Inne</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-mail</translation>
+    </message>
+    <message>
+        <source>Kestrin 7 - Settings</source>
+        <translation>Kestrin 7 - Ustawienia</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Strony</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Anuluj</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -86,6 +247,60 @@
     </message>
 </context>
 <context>
+    <name>EmailSettPanel</name>
+    <message>
+        <source>  E-mail settings:</source>
+        <translation>  Ustawienia poczty e-mail:</translation>
+    </message>
+    <message>
+        <source>Client:</source>
+        <translation>Program:</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Przeglądaj...</translation>
+    </message>
+    <message>
+        <source>Use Default</source>
+        <translation>Użyj domyślnego</translation>
+    </message>
+    <message>
+        <source>Attach current file to e-mail</source>
+        <translation>Dołącz bieżący plik do wiadomości</translation>
+    </message>
+    <message>
+        <source>  Format of attachment:</source>
+        <translation>  Format załącznika:</translation>
+    </message>
+    <message>
+        <source>OXN  (Annotated file)</source>
+        <translation>OXN  (plik z adnotacjami)</translation>
+    </message>
+    <message>
+        <source>PDF  (Portable Document Format)</source>
+        <translation>PDF  (Portable Document Format)</translation>
+    </message>
+    <message>
+        <source>PNG  (Portable Network Graphics)</source>
+        <translation>PNG  (Portable Network Graphics)</translation>
+    </message>
+    <message>
+        <source>Keep original format</source>
+        <translation>Zachowaj oryginalny format</translation>
+    </message>
+</context>
+<context>
+    <name>EmailTab</name>
+    <message>
+        <source>Select E-mail Client</source>
+        <translation>Wybierz program pocztowy</translation>
+    </message>
+    <message>
+        <source>Executable files: (*.exe)</source>
+        <translation>Pliki wykonywalne: (*.exe)</translation>
+    </message>
+</context>
+<context>
     <name>EventLog</name>
     <message>
         <source>Application Crashed</source>
@@ -105,6 +320,53 @@
     <message>
         <source>Quit Kestrin 7</source>
         <translation>Zakończ Kestrin 7</translation>
+    </message>
+</context>
+<context>
+    <name>GroupDialog</name>
+    <message>
+        <source>Edit Patterns</source>
+        <translation>Edycja wzorców</translation>
+    </message>
+    <message>
+        <source>Patterns:</source>
+        <translation>Wzorce:</translation>
+    </message>
+    <message>
+        <source>New...</source>
+        <translation>Nowy...</translation>
+    </message>
+    <message>
+        <source>Edit...</source>
+        <translation>Edytuj...</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Usuń</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Anuluj</translation>
+    </message>
+    <message>
+        <source>New pattern</source>
+        <translation>Nowy wzorzec</translation>
+    </message>
+    <message>
+        <source>New element&apos;s pattern: </source>
+        <translation>Wzorzec nowego elementu: </translation>
+    </message>
+    <message>
+        <source>Edit pattern</source>
+        <translation>Edycja wzorca</translation>
+    </message>
+    <message>
+        <source>Edit element&apos;s pattern: </source>
+        <translation>Zmień wzorzec elementu: </translation>
     </message>
 </context>
 <context>
@@ -158,6 +420,52 @@ Kod błędu: </translation>
     <message>
         <source>Link to image file [%1] doesn&apos;t exist!</source>
         <translation>Wskazany plik graficzny [%1] nie istnieje!</translation>
+    </message>
+</context>
+<context>
+    <name>LineAndBracketSettPanel</name>
+    <message>
+        <source>  Line / Bracket settings:</source>
+        <translation>  Ustawienia linii i nawiasów:</translation>
+    </message>
+    <message>
+        <source>Line width:</source>
+        <translation>Grubość linii:</translation>
+    </message>
+    <message>
+        <source>Line style:</source>
+        <translation>Styl linii:</translation>
+    </message>
+    <message>
+        <source>Switch on antialiasing</source>
+        <translation>Włącz wygładzanie krawędzi</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Pokaż zaznaczenie</translation>
+    </message>
+</context>
+<context>
+    <name>LineStyles</name>
+    <message>
+        <source>Solid</source>
+        <translation>Ciągła</translation>
+    </message>
+    <message>
+        <source>Dash</source>
+        <translation>Kreskowa</translation>
+    </message>
+    <message>
+        <source>Dot</source>
+        <translation>Kropkowa</translation>
+    </message>
+    <message>
+        <source>Dash Dot</source>
+        <translation>Kreska-kropka</translation>
+    </message>
+    <message>
+        <source>Dash Dot Dot</source>
+        <translation>Kreska-kropka-kropka</translation>
     </message>
 </context>
 <context>
@@ -548,6 +856,92 @@ Kod błędu: </translation>
     </message>
 </context>
 <context>
+    <name>MarkerSettPanel</name>
+    <message>
+        <source>Marker Settings</source>
+        <translation>Ustawienia zakreślacza</translation>
+    </message>
+    <message>
+        <source>  Marker settings:</source>
+        <translation>  Ustawienia zakreślacza:</translation>
+    </message>
+    <message>
+        <source>Line width:</source>
+        <translation>Grubość linii:</translation>
+    </message>
+    <message>
+        <source>Transparency [%]:</source>
+        <translation>Przezroczystość [%]:</translation>
+    </message>
+    <message>
+        <source>Switch on antialiasing</source>
+        <translation>Włącz wygładzanie krawędzi</translation>
+    </message>
+    <message>
+        <source>Switch on line smoothing (reduces size of output file)</source>
+        <translation>Włącz wygładzanie linii (zmniejsza plik wynikowy)</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Pokaż zaznaczenie</translation>
+    </message>
+</context>
+<context>
+    <name>OtherSettPanel</name>
+    <message>
+        <source>  Export to:</source>
+        <translation>  Eksportuj do:</translation>
+    </message>
+    <message>
+        <source>PDF (Portable Document Format)</source>
+        <translation>PDF (Portable Document Format)</translation>
+    </message>
+    <message>
+        <source>PS (PostScript)</source>
+        <translation>PS (PostScript)</translation>
+    </message>
+    <message>
+        <source>  Other settings:</source>
+        <translation>  Inne ustawienia:</translation>
+    </message>
+    <message>
+        <source>Number of recent files:</source>
+        <translation>Liczba ostatnich plików:</translation>
+    </message>
+    <message>
+        <source>Tabs position:</source>
+        <translation>Położenie kart:</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Z lewej</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Na dole</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Na górze</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Z prawej</translation>
+    </message>
+    <message>
+        <source>Switch to fullscreen mode at startup</source>
+        <translation>Uruchamiaj w trybie pełnoekranowym</translation>
+    </message>
+    <message>
+        <source>Synchronize Annotations with text</source>
+        <translation>Synchronizuj adnotacje z tekstem</translation>
+    </message>
+    <message>
+        <source>Warn before all Annotations removal</source>
+        <translation>Ostrzegaj przed usunięciem wszystkich adnotacji</translation>
+    </message>
+</context>
+<context>
     <name>Page</name>
     <message>
         <source>I/O Error</source>
@@ -636,6 +1030,48 @@ Czy chcesz zapisać zmiany?</translation>
     </message>
 </context>
 <context>
+    <name>PageViewSettPanel</name>
+    <message>
+        <source>  Default page settings:</source>
+        <translation>  Domyślne ustawienia strony:</translation>
+    </message>
+    <message>
+        <source>Show line numbers</source>
+        <translation>Pokaż numery wierszy</translation>
+    </message>
+    <message>
+        <source>Background color:</source>
+        <translation>Kolor tła:</translation>
+    </message>
+    <message>
+        <source>Text color:</source>
+        <translation>Kolor tekstu:</translation>
+    </message>
+    <message>
+        <source>Font family:</source>
+        <translation>Krój pisma:</translation>
+    </message>
+    <message>
+        <source>Font size:</source>
+        <translation>Rozmiar pisma:</translation>
+    </message>
+    <message>
+        <source>  Current page font settings:</source>
+        <translation>  Czcionka bieżącej strony:</translation>
+    </message>
+</context>
+<context>
+    <name>PageViewTab</name>
+    <message>
+        <source>Background Color</source>
+        <translation>Kolor tła</translation>
+    </message>
+    <message>
+        <source>Font Color</source>
+        <translation>Kolor czcionki</translation>
+    </message>
+</context>
+<context>
     <name>PaperFile</name>
     <message>
         <source>The program &quot;pdftocairo&quot;, which makes PostScript files, was not found.</source>
@@ -652,6 +1088,68 @@ Czy chcesz zapisać zmiany?</translation>
     <message>
         <source>Can&apos;t save file %1</source>
         <translation>Nie można zapisać pliku %1</translation>
+    </message>
+</context>
+<context>
+    <name>PenSettPanel</name>
+    <message>
+        <source>Pen Settings</source>
+        <translation>Ustawienia pisaka</translation>
+    </message>
+    <message>
+        <source>  Pen settings:</source>
+        <translation>  Ustawienia pisaka:</translation>
+    </message>
+    <message>
+        <source>Line width:</source>
+        <translation>Grubość linii:</translation>
+    </message>
+    <message>
+        <source>Transparency [%]:</source>
+        <translation>Przezroczystość [%]:</translation>
+    </message>
+    <message>
+        <source>Switch on antialiasing</source>
+        <translation>Włącz wygładzanie krawędzi</translation>
+    </message>
+    <message>
+        <source>Switch on line smoothing (reduces size of output file)</source>
+        <translation>Włącz wygładzanie linii (zmniejsza plik wynikowy)</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Pokaż zaznaczenie</translation>
+    </message>
+</context>
+<context>
+    <name>PrintSettPanel</name>
+    <message>
+        <source>  Printout settings:</source>
+        <translation>  Ustawienia wydruku:</translation>
+    </message>
+    <message>
+        <source>Print header:</source>
+        <translation>Drukuj nagłówek:</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>Nazwa pliku</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Data i godzina</translation>
+    </message>
+    <message>
+        <source>Page numbers</source>
+        <translation>Numery stron</translation>
+    </message>
+    <message>
+        <source>Print Annotations</source>
+        <translation>Drukuj adnotacje</translation>
+    </message>
+    <message>
+        <source>Print line numbers</source>
+        <translation>Drukuj numery wierszy</translation>
     </message>
 </context>
 <context>
@@ -825,6 +1323,33 @@ Czy chcesz zapisać zmiany?</translation>
     <message>
         <source>Save As File</source>
         <translation>Zapisz jako plik</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenshotSettPanel</name>
+    <message>
+        <source>  Snapshot tool settings:</source>
+        <translation>  Ustawienia narzędzia Migawka:</translation>
+    </message>
+    <message>
+        <source>Copy captured view to clipboard</source>
+        <translation>Kopiuj przechwycony widok do schowka</translation>
+    </message>
+    <message>
+        <source>Save captured view to file</source>
+        <translation>Zapisz przechwycony widok w pliku</translation>
+    </message>
+    <message>
+        <source>Send captured view via e-mail</source>
+        <translation>Wyślij przechwycony widok e-mailem</translation>
+    </message>
+    <message>
+        <source>Use Snapshot tool once (switch to previous tool)</source>
+        <translation>Użyj Migawki raz (wróć do poprzedniego narzędzia)</translation>
+    </message>
+    <message>
+        <source>Inform about captured view in clipboard</source>
+        <translation>Informuj o przechwyconym widoku w schowku</translation>
     </message>
 </context>
 <context>
@@ -1439,6 +1964,99 @@ Czy chcesz kontynuować?</translation>
     </message>
 </context>
 <context>
+    <name>ShapeSettPanel</name>
+    <message>
+        <source>  Rectangle / Ellipse settings:</source>
+        <translation>  Ustawienia prostokąta i elipsy:</translation>
+    </message>
+    <message>
+        <source>Line width:</source>
+        <translation>Grubość linii:</translation>
+    </message>
+    <message>
+        <source>Line style:</source>
+        <translation>Styl linii:</translation>
+    </message>
+    <message>
+        <source>Transparency [%]:</source>
+        <translation>Przezroczystość [%]:</translation>
+    </message>
+    <message>
+        <source>Switch on antialiasing</source>
+        <translation>Włącz wygładzanie krawędzi</translation>
+    </message>
+    <message>
+        <source>Show selection</source>
+        <translation>Pokaż zaznaczenie</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsChart</name>
+    <message>
+        <source>comments</source>
+        <translation>komentarze</translation>
+    </message>
+    <message>
+        <source>code</source>
+        <translation>kod</translation>
+    </message>
+    <message>
+        <source>empty lines</source>
+        <translation>puste wiersze</translation>
+    </message>
+    <message>
+        <source>Total # of lines: %1</source>
+        <translation>Liczba wierszy: %1</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsDialog</name>
+    <message>
+        <source>Zettelwerk - Source Code Statistics</source>
+        <translation>Zettelwerk - Statystyka kodu źródłowego</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drukuj</translation>
+    </message>
+    <message>
+        <source>Export to PDF</source>
+        <translation>Eksportuj do PDF</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Plik</translation>
+    </message>
+    <message>
+        <source>Tot Lines</source>
+        <translation>Wiersze</translation>
+    </message>
+    <message>
+        <source>Cod Lines</source>
+        <translation>Kod</translation>
+    </message>
+    <message>
+        <source>Com Lines</source>
+        <translation>Komentarze</translation>
+    </message>
+    <message>
+        <source>Emp Lines</source>
+        <translation>Puste</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Pliki</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>Wykres</translation>
+    </message>
+</context>
+<context>
     <name>SyntaxFile</name>
     <message>
         <source>Warning</source>
@@ -1455,6 +2073,107 @@ Czy chcesz kontynuować?</translation>
     <message>
         <source>Format of syntax file &apos;%1&apos; is wrong!</source>
         <translation>Format pliku składni „%1” jest nieprawidłowy!</translation>
+    </message>
+</context>
+<context>
+    <name>SyntaxSettPanel</name>
+    <message>
+        <source>  Syntax highlighting:</source>
+        <translation>  Podświetlanie składni:</translation>
+    </message>
+    <message>
+        <source>File extension:</source>
+        <translation>Rozszerzenie pliku:</translation>
+    </message>
+    <message>
+        <source>New...</source>
+        <translation>Nowy...</translation>
+    </message>
+    <message>
+        <source>Highlighted elements:</source>
+        <translation>Podświetlane elementy:</translation>
+    </message>
+    <message>
+        <source>Keywords</source>
+        <translation>Słowa kluczowe</translation>
+    </message>
+    <message>
+        <source>Types</source>
+        <translation>Typy</translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation>Komentarze</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Tekst</translation>
+    </message>
+    <message>
+        <source>Edit...</source>
+        <translation>Edytuj...</translation>
+    </message>
+    <message>
+        <source>Font...</source>
+        <translation>Czcionka...</translation>
+    </message>
+    <message>
+        <source>Color...</source>
+        <translation>Kolor...</translation>
+    </message>
+    <message>
+        <source>Background Color...</source>
+        <translation>Kolor tła...</translation>
+    </message>
+    <message>
+        <source>Highlight syntax by default</source>
+        <translation>Domyślnie podświetlaj składnię</translation>
+    </message>
+</context>
+<context>
+    <name>SyntaxTab</name>
+    <message>
+        <source>Warning</source>
+        <translation>Ostrzeżenie</translation>
+    </message>
+    <message>
+        <source>Can&apos;t save syntax file: %1 !</source>
+        <translation>Nie można zapisać pliku składni: %1 !</translation>
+    </message>
+    <message>
+        <source>Register extension</source>
+        <translation>Zarejestruj rozszerzenie</translation>
+    </message>
+    <message>
+        <source>New file extension: </source>
+        <translation>Nowe rozszerzenie pliku: </translation>
+    </message>
+    <message>
+        <source>This file extension is already registered!</source>
+        <translation>To rozszerzenie pliku jest już zarejestrowane!</translation>
+    </message>
+</context>
+<context>
+    <name>TextBoxSettPanel</name>
+    <message>
+        <source>TextBox Settings</source>
+        <translation>Ustawienia pola tekstowego</translation>
+    </message>
+    <message>
+        <source>  TextBox settings:</source>
+        <translation>  Ustawienia pola tekstowego:</translation>
+    </message>
+    <message>
+        <source>Font family:</source>
+        <translation>Krój pisma:</translation>
+    </message>
+    <message>
+        <source>Font size:</source>
+        <translation>Rozmiar pisma:</translation>
+    </message>
+    <message>
+        <source>Use TextBox tool once (switch to previous tool)</source>
+        <translation>Użyj pola tekstowego raz (wróć do poprzedniego narzędzia)</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "documents/clipboardtext.h"
+#include "app/clipboardtext.h"
 
 #include <QClipboard>
 #include <QDeadlineTimer>
