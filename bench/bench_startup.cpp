@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How long the release program takes to its window without files, against a minimal window with Qt's widgets.
+// How long the program takes to its window without files, against a minimal window with Qt's widgets.
 // Needs an X display without much else on it:  xvfb-run -a build/bench/bin/bench_startup
 #include "measure.h"
 
@@ -76,8 +76,9 @@ int main(int argc, char **argv)
         qFatal("needs an X display");
     XSetErrorHandler(ignoreErrors);
     XSelectInput(display, DefaultRootWindow(display), SubstructureNotifyMask);
-    const QString program = QStringLiteral(KESTRIN_RELEASE_BIN "/kestrin7");
-    const QString minimal = QCoreApplication::applicationDirPath() + QStringLiteral("/minimalwindow");
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString program = folder + QStringLiteral("/kestrin7");
+    const QString minimal = folder + QStringLiteral("/minimalwindow");
     std::vector<double> ours;
     std::vector<double> bare;
     // The first of each only fills the disk cache. In turns, so that both meet the same load.
