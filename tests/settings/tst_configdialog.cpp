@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/configdialog.h"
 #include "settings/settingsprobe.h"
-#include "support/modalanswer.h"
+#include "support/dialogs.h"
 #include "support/testmain.h"
 #include "support/tsfile.h"
 
@@ -277,12 +277,13 @@ void TestConfigDialog::okStores()
 {
     ConfigDialog dialog(0, nullptr);
     choose(partOf(pageAt(dialog, 0), QStringLiteral("penWidthSpinBox")), 7);
-    ModalAnswer answer([](QWidget *shown) {
+    DialogAnswers answers;
+    answers.handle([](QDialog *shown) {
         choose(partOf(pageAt(*qobject_cast<ConfigDialog *>(shown), 8), QStringLiteral("printDateCheckBox")), false);
         buttonWithText(*qobject_cast<ConfigDialog *>(shown), QStringLiteral("OK"))->click();
     });
     QCOMPARE(dialog.exec(), int(QDialog::Accepted));
-    QVERIFY(answer.succeeded());
+    QVERIFY(answers.allGiven());
     QCOMPARE(QSettings().value(QStringLiteral("PenTool/LineWidth")).toInt(), 7);
     QCOMPARE(QSettings().value(QStringLiteral("Printing/PrintDate")).toBool(), false);
 }
@@ -310,7 +311,8 @@ void TestConfigDialog::nothingIsStoredWithoutOk()
 {
     QFETCH(const int, way);
     ConfigDialog dialog(0, nullptr);
-    ModalAnswer answer([way](QWidget *shown) {
+    DialogAnswers answers;
+    answers.handle([way](QDialog *shown) {
         auto *settings = qobject_cast<ConfigDialog *>(shown);
         choose(partOf(pageAt(*settings, 0), QStringLiteral("penWidthSpinBox")), 7);
         if (way == 0)
@@ -321,7 +323,7 @@ void TestConfigDialog::nothingIsStoredWithoutOk()
             QTest::keyClick(settings, Qt::Key_Escape);
     });
     QCOMPARE(dialog.exec(), int(QDialog::Rejected));
-    QVERIFY(answer.succeeded());
+    QVERIFY(answers.allGiven());
     QCOMPARE(QSettings().allKeys(), QStringList());
 }
 
@@ -346,9 +348,10 @@ void TestConfigDialog::reopeningForgetsCancelledChanges()
 void TestConfigDialog::returnIsOkAndEscapeIsCancel()
 {
     ConfigDialog dialog(0, nullptr);
-    ModalAnswer answer([](QWidget *shown) { QTest::keyClick(shown, Qt::Key_Return); });
+    DialogAnswers answers;
+    answers.handle([](QDialog *shown) { QTest::keyClick(shown, Qt::Key_Return); });
     QCOMPARE(dialog.exec(), int(QDialog::Accepted));
-    QVERIFY(answer.succeeded());
+    QVERIFY(answers.allGiven());
 }
 
 void TestConfigDialog::documentFont()

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "annotations/activeelement.h"
 #include "documents/page.h"
+#include "support/dialogs.h"
 #include "support/fakehost.h"
-#include "support/modalanswer.h"
 #include "support/testmain.h"
 #include "widgets/activeelementslist.h"
 #include "widgets/taghost.h"
@@ -465,7 +465,8 @@ void TestActiveElementsList::nullArguments()
     QString title;
     QString text;
     bool isInformation = false;
-    const ModalAnswer answer([&](QWidget *dialog) {
+    DialogAnswers answers;
+    answers.handle([&](QDialog *dialog) {
         const auto *box = qobject_cast<QMessageBox *>(dialog);
         title = dialog->windowTitle();
         text = box ? box->text() : QString();
@@ -473,7 +474,7 @@ void TestActiveElementsList::nullArguments()
         dialog->close();
     });
     listing.list.addElement(withTag ? &tag : nullptr, withPage ? &listing.first : nullptr);
-    QVERIFY(answer.succeeded());
+    QVERIFY(answers.allGiven());
     QCOMPARE(title, "zero ");
     QCOMPARE(text, "zero");
     QVERIFY(isInformation);
