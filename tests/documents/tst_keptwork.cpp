@@ -38,7 +38,7 @@ void commit(QWidget *view, const QString &text)
     QApplication::sendEvent(view, &event);
 }
 
-void drop(Page *page, QGraphicsItem *target, const QMimeData &data)
+void drop(Page *page, const QGraphicsItem *target, const QMimeData &data)
 {
     QGraphicsSceneDragDropEvent event(QEvent::GraphicsSceneDrop);
     event.setMimeData(&data);
@@ -74,7 +74,8 @@ private slots:
     void composingOverASelection();
     void composingAloneChangesNothing();
     void readOnlyTextTakesNoInput();
-    void textDroppedIntoABox();
+    void droppedText_data();
+    void droppedText();
     void pastedBoxTextIsPlain();
     void thinLineDragged_data();
     void thinLineDragged();
@@ -185,14 +186,21 @@ void TestKeptWork::readOnlyTextTakesNoInput()
     QVERIFY(!m_page->isModified());
 }
 
-void TestKeptWork::textDroppedIntoABox()
+void TestKeptWork::droppedText_data()
 {
-    TextBoxAnn *box = addBox();
+    textFromAnInputMethod_data();
+}
+
+void TestKeptWork::droppedText()
+{
+    QFETCH(const bool, intoBox);
+    const QGraphicsTextItem *target = intoBox ? addBox() : m_page->documentItem()->textItem();
+    const QString before = target->toPlainText();
     QMimeData data;
     data.setText(QStringLiteral("plain "));
     data.setHtml(QStringLiteral("<b>bold</b>"));
-    drop(m_page.get(), box, data);
-    QCOMPARE(box->toPlainText(), QStringLiteral("plain box"));
+    drop(m_page.get(), target, data);
+    QCOMPARE(target->toPlainText(), QStringLiteral("plain ") + before);
     QVERIFY(m_page->isModified());
     QVERIFY(m_host->menuUpdates > 0);
 }

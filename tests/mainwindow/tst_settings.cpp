@@ -243,6 +243,7 @@ void TestWindowSettings::customToolBar()
         QToolBar *mine = manager->fullManager()->createToolBar(QStringLiteral("Mine"));
         manager->fullManager()->setActions(mine, {window.action("actionThinRedPen")});
         window->addToolBar(Qt::BottomToolBarArea, mine);
+        QTRY_VERIFY(mine->isVisible());
         QVERIFY(window->close());
     }
     WindowProbe window;

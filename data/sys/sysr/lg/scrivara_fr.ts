@@ -68,7 +68,7 @@
     </message>
     <message>
         <source>&amp;Author:</source>
-        <translation>&amp;Auteur :</translation>
+        <translation>&amp;Auteur :</translation>
     </message>
     <message>
         <source>Add date and time</source>
@@ -91,7 +91,7 @@
     </message>
     <message>
         <source>Show: </source>
-        <translation>Afficher : </translation>
+        <translation>Afficher : </translation>
     </message>
     <message>
         <source>All</source>
@@ -250,11 +250,11 @@
     <name>EmailSettPanel</name>
     <message>
         <source>  E-mail settings:</source>
-        <translation>  Paramètres de messagerie :</translation>
+        <translation>  Paramètres de messagerie :</translation>
     </message>
     <message>
         <source>Client:</source>
-        <translation>Client :</translation>
+        <translation>Client :</translation>
     </message>
     <message>
         <source>Browse...</source>
@@ -270,7 +270,7 @@
     </message>
     <message>
         <source>  Format of attachment:</source>
-        <translation>  Format de la pièce jointe :</translation>
+        <translation>  Format de la pièce jointe :</translation>
     </message>
     <message>
         <source>OXN  (Annotated file)</source>
@@ -297,7 +297,7 @@
     </message>
     <message>
         <source>Executable files: (*.exe)</source>
-        <translation>Fichiers exécutables : (*.exe)</translation>
+        <translation>Fichiers exécutables : (*.exe)</translation>
     </message>
 </context>
 <context>
@@ -330,7 +330,7 @@
     </message>
     <message>
         <source>Patterns:</source>
-        <translation>Motifs :</translation>
+        <translation>Motifs :</translation>
     </message>
     <message>
         <source>New...</source>
@@ -358,7 +358,7 @@
     </message>
     <message>
         <source>New element&apos;s pattern: </source>
-        <translation>Motif du nouvel élément : </translation>
+        <translation>Motif du nouvel élément : </translation>
     </message>
     <message>
         <source>Edit pattern</source>
@@ -366,7 +366,7 @@
     </message>
     <message>
         <source>Edit element&apos;s pattern: </source>
-        <translation>Modifier le motif de l’élément : </translation>
+        <translation>Modifier le motif de l’élément : </translation>
     </message>
 </context>
 <context>
@@ -426,15 +426,15 @@ Code d’erreur&#xa0;: </translation>
     <name>LineAndBracketSettPanel</name>
     <message>
         <source>  Line / Bracket settings:</source>
-        <translation>  Paramètres des lignes et accolades :</translation>
+        <translation>  Paramètres des lignes et accolades :</translation>
     </message>
     <message>
         <source>Line width:</source>
-        <translation>Épaisseur :</translation>
+        <translation>Épaisseur :</translation>
     </message>
     <message>
         <source>Line style:</source>
-        <translation>Style de ligne :</translation>
+        <translation>Style de ligne :</translation>
     </message>
     <message>
         <source>Switch on antialiasing</source>
@@ -863,15 +863,15 @@ Code d’erreur&#xa0;: </translation>
     </message>
     <message>
         <source>  Marker settings:</source>
-        <translation>  Paramètres du surligneur :</translation>
+        <translation>  Paramètres du surligneur :</translation>
     </message>
     <message>
         <source>Line width:</source>
-        <translation>Épaisseur :</translation>
+        <translation>Épaisseur :</translation>
     </message>
     <message>
         <source>Transparency [%]:</source>
-        <translation>Transparence [%] :</translation>
+        <translation>Transparence [%] :</translation>
     </message>
     <message>
         <source>Switch on antialiasing</source>
@@ -890,7 +890,7 @@ Code d’erreur&#xa0;: </translation>
     <name>OtherSettPanel</name>
     <message>
         <source>  Export to:</source>
-        <translation>  Exporter en :</translation>
+        <translation>  Exporter en :</translation>
     </message>
     <message>
         <source>PDF (Portable Document Format)</source>
@@ -902,15 +902,15 @@ Code d’erreur&#xa0;: </translation>
     </message>
     <message>
         <source>  Other settings:</source>
-        <translation>  Autres paramètres :</translation>
+        <translation>  Autres paramètres :</translation>
     </message>
     <message>
         <source>Number of recent files:</source>
-        <translation>Nombre de fichiers récents :</translation>
+        <translation>Nombre de fichiers récents :</translation>
     </message>
     <message>
         <source>Tabs position:</source>
-        <translation>Position des onglets :</translation>
+        <translation>Position des onglets :</translation>
     </message>
     <message>
         <source>Left</source>
@@ -1033,7 +1033,7 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     <name>PageViewSettPanel</name>
     <message>
         <source>  Default page settings:</source>
-        <translation>  Paramètres de page par défaut :</translation>
+        <translation>  Paramètres de page par défaut :</translation>
     </message>
     <message>
         <source>Show line numbers</source>
@@ -1041,23 +1041,23 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     </message>
     <message>
         <source>Background color:</source>
-        <translation>Couleur du fond :</translation>
+        <translation>Couleur du fond :</translation>
     </message>
     <message>
         <source>Text color:</source>
-        <translation>Couleur du texte :</translation>
+        <translation>Couleur du texte :</translation>
     </message>
     <message>
         <source>Font family:</source>
-        <translation>Police :</translation>
+        <translation>Police :</translation>
     </message>
     <message>
         <source>Font size:</source>
-        <translation>Taille de police :</translation>
+        <translation>Taille de police :</translation>
     </message>
     <message>
         <source>  Current page font settings:</source>
-        <translation>  Police de la page courante :</translation>
+        <translation>  Police de la page courante :</translation>
     </message>
 </context>
 <context>
@@ -1098,15 +1098,15 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     </message>
     <message>
         <source>  Pen settings:</source>
-        <translation>  Paramètres du stylo :</translation>
+        <translation>  Paramètres du stylo :</translation>
     </message>
     <message>
         <source>Line width:</source>
-        <translation>Épaisseur :</translation>
+        <translation>Épaisseur :</translation>
     </message>
     <message>
         <source>Transparency [%]:</source>
-        <translation>Transparence [%] :</translation>
+        <translation>Transparence [%] :</translation>
     </message>
     <message>
         <source>Switch on antialiasing</source>
@@ -1125,11 +1125,11 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     <name>PrintSettPanel</name>
     <message>
         <source>  Printout settings:</source>
-        <translation>  Paramètres d’impression :</translation>
+        <translation>  Paramètres d’impression :</translation>
     </message>
     <message>
         <source>Print header:</source>
-        <translation>Imprimer l’en-tête :</translation>
+        <translation>Imprimer l’en-tête :</translation>
     </message>
     <message>
         <source>File name</source>
@@ -1329,7 +1329,7 @@ Voulez-vous enregistrer les modifications&#xa0;?</translation>
     <name>ScreenshotSettPanel</name>
     <message>
         <source>  Snapshot tool settings:</source>
-        <translation>  Paramètres de l’outil Instantané :</translation>
+        <translation>  Paramètres de l’outil Instantané :</translation>
     </message>
     <message>
         <source>Copy captured view to clipboard</source>
@@ -1967,19 +1967,19 @@ Voulez-vous continuer&#xa0;?</translation>
     <name>ShapeSettPanel</name>
     <message>
         <source>  Rectangle / Ellipse settings:</source>
-        <translation>  Paramètres du rectangle et de l’ellipse :</translation>
+        <translation>  Paramètres du rectangle et de l’ellipse :</translation>
     </message>
     <message>
         <source>Line width:</source>
-        <translation>Épaisseur :</translation>
+        <translation>Épaisseur :</translation>
     </message>
     <message>
         <source>Line style:</source>
-        <translation>Style de ligne :</translation>
+        <translation>Style de ligne :</translation>
     </message>
     <message>
         <source>Transparency [%]:</source>
-        <translation>Transparence [%] :</translation>
+        <translation>Transparence [%] :</translation>
     </message>
     <message>
         <source>Switch on antialiasing</source>
@@ -2006,7 +2006,7 @@ Voulez-vous continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Total # of lines: %1</source>
-        <translation>Nombre de lignes : %1</translation>
+        <translation>Nombre de lignes : %1</translation>
     </message>
     <message>
         <source>%1 %</source>
@@ -2041,7 +2041,7 @@ Voulez-vous continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Com Lines</source>
-        <translation>Comment.</translation>
+        <translation>Commentaires</translation>
     </message>
     <message>
         <source>Emp Lines</source>
@@ -2079,11 +2079,11 @@ Voulez-vous continuer&#xa0;?</translation>
     <name>SyntaxSettPanel</name>
     <message>
         <source>  Syntax highlighting:</source>
-        <translation>  Coloration syntaxique :</translation>
+        <translation>  Coloration syntaxique :</translation>
     </message>
     <message>
         <source>File extension:</source>
-        <translation>Extension de fichier :</translation>
+        <translation>Extension de fichier :</translation>
     </message>
     <message>
         <source>New...</source>
@@ -2091,7 +2091,7 @@ Voulez-vous continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Highlighted elements:</source>
-        <translation>Éléments colorés :</translation>
+        <translation>Éléments colorés :</translation>
     </message>
     <message>
         <source>Keywords</source>
@@ -2138,7 +2138,7 @@ Voulez-vous continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Can&apos;t save syntax file: %1 !</source>
-        <translation>Impossible d’enregistrer le fichier de syntaxe : %1 !</translation>
+        <translation>Impossible d’enregistrer le fichier de syntaxe : %1 !</translation>
     </message>
     <message>
         <source>Register extension</source>
@@ -2146,11 +2146,11 @@ Voulez-vous continuer&#xa0;?</translation>
     </message>
     <message>
         <source>New file extension: </source>
-        <translation>Nouvelle extension de fichier : </translation>
+        <translation>Nouvelle extension de fichier : </translation>
     </message>
     <message>
         <source>This file extension is already registered!</source>
-        <translation>Cette extension de fichier est déjà enregistrée !</translation>
+        <translation>Cette extension de fichier est déjà enregistrée !</translation>
     </message>
 </context>
 <context>
@@ -2161,19 +2161,19 @@ Voulez-vous continuer&#xa0;?</translation>
     </message>
     <message>
         <source>  TextBox settings:</source>
-        <translation>  Paramètres de la zone de texte :</translation>
+        <translation>  Paramètres de la zone de texte :</translation>
     </message>
     <message>
         <source>Font family:</source>
-        <translation>Police :</translation>
+        <translation>Police :</translation>
     </message>
     <message>
         <source>Font size:</source>
-        <translation>Taille de police :</translation>
+        <translation>Taille de police :</translation>
     </message>
     <message>
         <source>Use TextBox tool once (switch to previous tool)</source>
-        <translation>Utiliser la zone de texte une fois (revenir à l’outil précédent)</translation>
+        <translation>Zone de texte une seule fois (puis outil précédent)</translation>
     </message>
 </context>
 <context>

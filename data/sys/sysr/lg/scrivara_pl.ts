@@ -145,27 +145,27 @@
     <name>ConfigDialog</name>
     <message>
         <source>Pen Tool</source>
-        <translation>Narzędzie Pisak</translation>
+        <translation>Pisak</translation>
     </message>
     <message>
         <source>Marker Tool</source>
-        <translation>Narzędzie Zakreślacz</translation>
+        <translation>Zakreślacz</translation>
     </message>
     <message>
         <source>TextBox Tool</source>
-        <translation>Narzędzie Pole tekstowe</translation>
+        <translation>Pole tekstowe</translation>
     </message>
     <message>
         <source>Line Tool</source>
-        <translation>Narzędzie Linia</translation>
+        <translation>Linia</translation>
     </message>
     <message>
         <source>Shape Tool</source>
-        <translation>Narzędzie Kształt</translation>
+        <translation>Kształt</translation>
     </message>
     <message>
         <source>Snapshot Tool</source>
-        <translation>Narzędzie Migawka</translation>
+        <translation>Migawka</translation>
     </message>
     <message>
         <source>Page</source>
