@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/installedprogram.h"
+#include "support/files.h"
 #include "support/testmain.h"
 
+#include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -184,10 +187,12 @@ void TestViews::languageOfTheSystem()
     for (const auto &[locale, title] : {std::pair("pl_PL", "Otwórz plik"), std::pair("de_DE", "Open File")}) {
         InstalledProgram program(m_session);
         program.setEnvironment(QStringLiteral("LC_ALL"), QString::fromLatin1(locale) + ".UTF-8");
-        const QString browser = program.writeDocument(
-            QStringLiteral("xdg-open"), "#!/bin/sh\nprintf %s \"$1\" > \"$0.part\"\nmv \"$0.part\" \"$0.url\"\n");
+        // Qt splits the command at blanks, and the program's own folder has one in its name.
+        const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/browser-XXXXXX"));
+        const QString browser = folder.filePath(QStringLiteral("xdg-open"));
+        store(browser, "#!/bin/sh\nprintf %s \"$1\" > \"$0.part\"\nmv \"$0.part\" \"$0.url\"\n");
         QFile::setPermissions(browser, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        program.setEnvironment(QStringLiteral("PATH"), program.document({}) + ':' + qEnvironmentVariable("PATH"));
+        program.setEnvironment(QStringLiteral("PATH"), folder.path() + ':' + qEnvironmentVariable("PATH"));
         QVERIFY(!program.start().isEmpty());
         program.choose(Settings, 1, systemDefault);
         QCOMPARE(openDialogTitle(), QString::fromUtf8(title));
