@@ -188,7 +188,7 @@ void TestViews::languageOfTheSystem()
         InstalledProgram program(m_session);
         program.setEnvironment(QStringLiteral("LC_ALL"), QString::fromLatin1(locale) + ".UTF-8");
         // Qt splits the command at blanks, and the program's own folder has one in its name.
-        const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/browser-XXXXXX"));
+        const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/browser"));
         const QString browser = folder.filePath(QStringLiteral("xdg-open"));
         store(browser, "#!/bin/sh\nprintf %s \"$1\" > \"$0.part\"\nmv \"$0.part\" \"$0.url\"\n");
         QFile::setPermissions(browser, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
